@@ -1,0 +1,28 @@
+#include "app/Application.h"
+
+#include "app/RunReported.h"
+#include "settings/Icons.h"
+
+QString Application::title()
+{
+    return QStringLiteral("ZentilConf");
+}
+
+Application::Application(int &argc, char **argv, Messages &messages)
+    : QApplication(argc, argv)
+    , m_messages(messages)
+{
+    setApplicationName(title());
+    setApplicationDisplayName(title());
+    setDesktopFileName(QStringLiteral("zentilconf"));
+    setWindowIcon(themedIcon(QLatin1String("zentilconf")));
+    // The message of a file that cannot be opened at the start is a window too, and not the last one.
+    setQuitOnLastWindowClosed(false);
+}
+
+bool Application::notify(QObject *receiver, QEvent *event)
+{
+    bool isHandled = false;
+    (void)runReported(m_messages, [&] { isHandled = QApplication::notify(receiver, event); });
+    return isHandled;
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QListView>
+
+class RowDelegate;
+
+/// The list of a document's rows. Several rows can be selected; the current row is the one that commands refer to, and
+/// there is none until the user has chosen one.
+class ConfigListView final : public QListView
+{
+    Q_OBJECT
+
+public:
+    explicit ConfigListView(QWidget *parent = nullptr);
+
+    void setModel(QAbstractItemModel *model) override;
+
+    /// The zero-based index of the current row; -1 when there is none.
+    [[nodiscard]] int listIndex() const { return currentIndex().row(); }
+
+    /// How far the list can be scrolled sideways, in device-independent pixels. Giving it lays the list out again.
+    void setHorizontalExtent(int pixels);
+    [[nodiscard]] int horizontalExtent() const;
+
+    /// The width of the widest of rows, each prefixed by two spaces, in the list's font.
+    [[nodiscard]] int widestRow(const QStringList &rows) const;
+
+    /// The list takes the font; its kerning is switched off, see RowMetrics.
+    void setRowFont(const QFont &font);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void forgetCurrent();
+
+    RowDelegate *m_delegate;
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/FileAccess.h"
+#include "platform/UserSettings.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+
+/// How the program was called, as far as the system tells it.
+struct CommandLine
+{
+    /// Everything behind the program's name as one text, where the system hands it over so (Windows).
+    std::optional<QString> rawText;
+    /// The arguments, where the shell has already taken quotes and blanks apart.
+    QStringList arguments;
+};
+
+/// How the system writes the path of a program.
+struct ProgramPathForm
+{
+    QString separator;
+    QString suffix;
+};
+
+/// The services of the operating system: made once in main() and handed down.
+struct Platform
+{
+    std::unique_ptr<FileAccess> files;
+    std::unique_ptr<UserSettings> userSettings;
+    CommandLine commandLine;
+    ProgramPathForm programPath;
+};
+
+/// @param title the program's title, under which the system keeps what belongs to it
+[[nodiscard]] Platform makePlatform(const QString &title, int argc, const char *const *argv);

@@ -1,0 +1,67 @@
+#include "config/RowList.h"
+
+#include "platform/RuntimeError.h"
+#include "tests/config/PlainGrammar.h"
+#include "tests/support/Printers.h"
+#include "tests/support/Random.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(RowListTest, TextEndsEveryRowWithCrLf)
+{
+    RowList list;
+    EXPECT_EQ(list.text(), "");
+    list.setRows({"a", "", "b"});
+    EXPECT_EQ(list.text(), "a\r\n\r\nb\r\n");
+}
+
+TEST(RowListTest, RandomRowsAreWrittenAsThePlainModelWritesThem)
+{
+    Random random(41);
+    for (int round = 0; round < 2'000; ++round) {
+        QStringList rows;
+        for (int count = random.number(0, 6); count > 0; --count)
+            rows << random.text({"a", " ", "\t", "\u00E9", "\"", QString(QChar(0xDC81))}, 5);
+        RowList list;
+        list.setRows(rows);
+        ASSERT_EQ(list.text(), plain::textOf(rows));
+        ASSERT_EQ(list.rows(), rows);
+    }
+}
+
+TEST(RowListTest, RowIsShownAsItStandsApartFromCarriedBytes)
+{
+    RowList list;
+    list.setRows({" C:\\x  R ", QString("caf") + QChar(0xDCE9)});
+    EXPECT_EQ(list.data(list.index(0), Qt::DisplayRole).toString(), " C:\\x  R ");
+    EXPECT_EQ(list.data(list.index(1), Qt::DisplayRole).toString(), "caf\u00E9");
+    EXPECT_EQ(list.rows()[1], QString("caf") + QChar(0xDCE9));
+}
+
+TEST(RowListTest, RowBeyondTheLastIsNothing)
+{
+    RowList list;
+    list.setRows({"a"});
+    EXPECT_FALSE(list.data(list.index(1), Qt::DisplayRole).isValid());
+    EXPECT_EQ(list.rowCount(list.index(0)), 0);
+}
+
+TEST(RowListTest, HoldsThirtyTwoThousandSevenHundredAndSixtySevenRowsAndNotOneMore)
+{
+    RowList list;
+    list.setRows(QStringList(32767, "x"));
+    EXPECT_EQ(list.rowCount(), 32767);
+    try {
+        list.setRows(QStringList(32768, "y"));
+        ADD_FAILURE() << "no error";
+    } catch (const RuntimeError &error) {
+        EXPECT_EQ(error.number(), 6);
+        EXPECT_EQ(error.detail(), "A document holds at most 32767 lines. This one has 32768.");
+    }
+    EXPECT_EQ(list.rowCount(), 32767);
+    EXPECT_EQ(list.rows().last(), "x");
+}
+
+} // namespace

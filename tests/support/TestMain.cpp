@@ -1,0 +1,13 @@
+#include "tests/support/TestSurroundings.h"
+
+#include <QCoreApplication>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char **argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    isolateTests();
+    const QCoreApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
