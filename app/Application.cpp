@@ -22,7 +22,10 @@ Application::Application(int &argc, char **argv, Messages &messages)
 
 bool Application::notify(QObject *receiver, QEvent *event)
 {
-    bool isHandled = false;
-    (void)runReported(m_messages, [&] { isHandled = QApplication::notify(receiver, event); });
-    return isHandled;
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (...) {
+        reportCurrentError(m_messages);
+        return false;
+    }
 }

@@ -5,15 +5,13 @@
 
 #include <new>
 
-bool runReported(Messages &messages, const std::function<void()> &command)
+void reportCurrentError(Messages &messages)
 {
     try {
-        command();
-        return true;
+        throw;
     } catch (const RuntimeError &error) {
         messages.show(error.message(), Messages::Icon::Critical);
     } catch (const std::bad_alloc &) {
         messages.show(QStringLiteral("There is not enough memory for this command."), Messages::Icon::Critical);
     }
-    return false;
 }

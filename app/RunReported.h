@@ -1,9 +1,18 @@
 #pragma once
 
-#include <functional>
-
 class Messages;
 
+/// Shows the error that is being handled to the user. To be called within catch (...); what is no error of this program
+/// or of its memory is thrown on.
+void reportCurrentError(Messages &messages);
+
 /// Runs a command. An error that it raises is shown to the user; then the program goes on.
-/// @return false when there was an error
-bool runReported(Messages &messages, const std::function<void()> &command);
+template<class Command>
+void runReported(Messages &messages, const Command &command)
+{
+    try {
+        command();
+    } catch (...) {
+        reportCurrentError(messages);
+    }
+}

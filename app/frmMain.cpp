@@ -106,7 +106,7 @@ void frmMain::Load(const QString &path)
 void frmMain::LoadAll(const QStringList &paths)
 {
     for (const QString &path : paths)
-        (void)runReported(m_services.messages, [&] { Load(path); });
+        runReported(m_services.messages, [&] { Load(path); });
 }
 
 void frmMain::closeEvent(QCloseEvent *event)
@@ -134,7 +134,7 @@ void frmMain::dropEvent(QDropEvent *event)
 {
     event->acceptProposedAction();
     for (const QString &path : localFiles(*event->mimeData()))
-        (void)runReported(m_services.messages, [&] { openDocument(path); });
+        runReported(m_services.messages, [&] { openDocument(path); });
 }
 
 const std::vector<frmMain::Command> &frmMain::commands()
@@ -417,7 +417,11 @@ QString frmMain::chooseFile(const QString &title, bool isForSaving, const QStrin
     dialog.setAcceptMode(isForSaving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     // A name that is not there is reported by Load, in its own words.
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setNameFilters({QStringLiteral("Zentil Configuration (*.zcf)"), QStringLiteral("All Files (*.*)")});
+    // The last parentheses of a filter are its pattern and are not shown: "*.*" is what people know, but here it would
+    // leave out names without a dot.
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(
+        {QStringLiteral("Zentil Configuration (*.zcf) (*.zcf)"), QStringLiteral("All Files (*.*) (*)")});
     if (!m_dialogFile.isEmpty())
         dialog.setDirectory(QFileInfo(m_dialogFile).path());
     if (!proposal.isEmpty())

@@ -262,12 +262,15 @@ void ConfigForm::layOutControls()
     column->addWidget(newItemLabel);
     column->addWidget(m_newItemList);
     column->addSpacing(6);
-    for (QPushButton *button : {edit, remove, moveUp, moveDown})
-        column->addWidget(button);
-    column->addWidget(m_remoteConnectFlag);
-    column->addStretch();
-    column->addWidget(apply);
-    column->addWidget(close);
+    QWidget *previous = m_newItemList;
+    for (QWidget *next :
+         std::initializer_list<QWidget *>{edit, remove, moveUp, moveDown, m_remoteConnectFlag, apply, close}) {
+        if (next == apply)
+            column->addStretch();
+        column->addWidget(next);
+        setTabOrder(previous, next);
+        previous = next;
+    }
 
     auto *layout = new QHBoxLayout(this);
     layout->addWidget(m_list, 1);
