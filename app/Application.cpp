@@ -13,7 +13,6 @@ Application::Application(int &argc, char **argv, Messages &messages)
     , m_messages(messages)
 {
     setApplicationName(title());
-    setApplicationDisplayName(title());
     setDesktopFileName(QStringLiteral("zentilconf"));
     setWindowIcon(themedIcon(QLatin1String("zentilconf")));
     // The message of a file that cannot be opened at the start is a window too, and not the last one.

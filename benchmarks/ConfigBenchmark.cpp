@@ -67,7 +67,7 @@ struct FileOnDisk
     QTemporaryDir folder;
     Platform platform = platformWithin(folder);
     NoShell shell;
-    ConfigFile file {*platform.files, shell};
+    ConfigFile file{*platform.files, shell};
 };
 
 void TakeLinesApart(benchmark::State &state)
