@@ -27,8 +27,9 @@ public:
     virtual void readFile(const QString &path, const TakeBytes &take) = 0;
 
     /// Makes bytes the whole content of the file at path, which is created when it is missing. Afterwards the file is
-    /// either wholly new or, when an error is raised, wholly what it was. What belongs to the file beside its bytes
-    /// (owner, group, mode, access lists, other attributes, further names) stays; a symbolic link is followed.
+    /// either wholly new or, when an error is raised, wholly what it was; an error after which it is something else
+    /// says so in its detail. What belongs to the file beside its bytes (owner, group, mode, access lists, other
+    /// attributes, further names) stays; a symbolic link is followed.
     /// @throws RuntimeError as readFile, and DiskFull
     virtual void writeFile(const QString &path, QByteArrayView bytes) = 0;
 };

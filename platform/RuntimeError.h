@@ -5,8 +5,7 @@
 #include <exception>
 
 /// An error that an operation raises to whoever started the command. It is caught by the application object, shown to
-/// the user, and the program goes on (see app/Application.h). The numbers and their descriptions are those that
-/// administrators know from Basic programs.
+/// the user, and the program goes on (see app/Application.h). The numbers and their descriptions are fixed.
 class RuntimeError final : public std::exception
 {
 public:

@@ -3,15 +3,15 @@
 #include "platform/ByteText.h"
 #include "platform/RuntimeError.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <utility>
 
 namespace {
 
-constexpr size_t pieceSize = 256 * 1024;
+constexpr size_t pieceSize = 262'144;
 
 RuntimeError::Number numberOf(int error)
 {
@@ -69,7 +69,7 @@ FileHandle::~FileHandle()
 
 FileHandle FileHandle::tryOpen(SystemCalls &calls, const QByteArray &path, int flags, mode_t mode)
 {
-    const int file = calls.open(path, flags, mode);
+    const int file = uninterrupted([&] { return calls.open(path, flags, mode); });
     return {calls, path, file, file < 0 ? errno : 0};
 }
 
@@ -93,19 +93,19 @@ void FileHandle::read(const std::function<void(QByteArrayView)> &take) const
 {
     QByteArray piece(pieceSize, Qt::Uninitialized);
     for (;;) {
-        const ssize_t count = m_calls.read(m_file, piece.data(), pieceSize);
+        const ssize_t count = uninterrupted([&] { return m_calls.read(m_file, piece.data(), pieceSize); });
         if (count == 0)
             return;
-        if (count > 0)
-            take(QByteArrayView(piece.constData(), count));
-        else if (errno != EINTR)
+        if (count < 0)
             raise(errno, m_path);
+        take(QByteArrayView(piece.constData(), count));
     }
 }
 
 QByteArray FileHandle::readAll() const
 {
     QByteArray bytes;
+    toStart();
     read([&bytes](QByteArrayView piece) { bytes += piece; });
     return bytes;
 }
@@ -113,35 +113,49 @@ QByteArray FileHandle::readAll() const
 void FileHandle::write(QByteArrayView bytes) const
 {
     while (!bytes.isEmpty()) {
-        const ssize_t count = m_calls.write(m_file, bytes.data(), static_cast<size_t>(bytes.size()));
-        if (count > 0)
-            bytes = bytes.sliced(count);
-        else if (count == 0)
-            raise(ENOSPC, m_path);
-        else if (errno != EINTR)
-            raise(errno, m_path);
+        const ssize_t count =
+            uninterrupted([&] { return m_calls.write(m_file, bytes.data(), static_cast<size_t>(bytes.size())); });
+        if (count <= 0)
+            raise(count == 0 ? ENOSPC : errno, m_path);
+        bytes = bytes.sliced(count);
     }
 }
 
 void FileHandle::replaceContent(QByteArrayView bytes) const
 {
-    if (m_calls.lseek(m_file, 0, SEEK_SET) < 0)
-        raise(errno, m_path);
+    toStart();
     write(bytes);
-    if (m_calls.ftruncate(m_file, bytes.size()) != 0)
+    if (uninterrupted([&] { return m_calls.ftruncate(m_file, bytes.size()); }) != 0)
         raise(errno, m_path);
     sync();
 }
 
 void FileHandle::sync() const
 {
-    if (m_calls.fsync(m_file) != 0)
+    if (uninterrupted([&] { return m_calls.fsync(m_file); }) != 0)
         raise(errno, m_path);
 }
 
 void FileHandle::close()
 {
-    if (m_calls.close(std::exchange(m_file, -1)) != 0)
+    // Interrupted or not, Linux has closed the file then: close(2). A second call could close somebody else's.
+    if (m_calls.close(std::exchange(m_file, -1)) != 0 && errno != EINTR)
+        raise(errno, m_path);
+}
+
+int FileHandle::trySyncFolder(SystemCalls &calls, const QByteArray &path)
+{
+    const FileHandle folder = tryOpen(calls, path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (!folder.isOpen())
+        return folder.error() == EACCES ? 0 : folder.error();
+    if (uninterrupted([&] { return calls.fsync(folder.file()); }) == 0 || errno == EINVAL)
+        return 0;
+    return errno;
+}
+
+void FileHandle::toStart() const
+{
+    if (m_calls.lseek(m_file, 0, SEEK_SET) < 0)
         raise(errno, m_path);
 }
 

@@ -29,7 +29,9 @@ public:
     [[nodiscard]] int file() const { return m_file; }
 
     [[nodiscard]] struct stat status() const;
+    /// Reads from where the last operation stopped.
     void read(const std::function<void(QByteArrayView)> &take) const;
+    /// The whole content, wherever the last operation stopped.
     [[nodiscard]] QByteArray readAll() const;
     void write(QByteArrayView bytes) const;
     /// Makes bytes the whole content, beginning at the first byte, and waits until they are on the disk.
@@ -37,10 +39,20 @@ public:
     void sync() const;
     void close();
 
+    /// Waits until the names in the folder at path are on the disk. Where the folder may not be read, or its file
+    /// system does not know the request, there is nothing to wait for.
+    /// @return 0 or the error
+    [[nodiscard]] static int trySyncFolder(SystemCalls &calls, const QByteArray &path);
+
+    /// The path that errors name from here on.
+    void reportAs(const QByteArray &path) { m_path = path; }
+
     /// Raises the run-time error that stands for error, an errno value.
     [[noreturn]] static void raise(int error, const QByteArray &path, const QString &detail = {});
 
 private:
+    void toStart() const;
+
     FileHandle(SystemCalls &calls, const QByteArray &path, int file, int error);
 
     SystemCalls &m_calls;

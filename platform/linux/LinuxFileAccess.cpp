@@ -8,7 +8,6 @@
 #include "platform/RuntimeError.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 
 #include <array>
 #include <cerrno>
@@ -23,6 +22,14 @@ constexpr int maximumLinks = 40; // as the kernel itself follows: path_resolutio
 QByteArray pathBytes(const QString &path)
 {
     return path.contains(QChar(u'\0')) ? QByteArray() : encodeText(path);
+}
+
+QByteArray usablePath(const QString &path)
+{
+    const QByteArray bytes = pathBytes(path);
+    if (bytes.isEmpty())
+        throw RuntimeError(RuntimeError::PathAccess, path);
+    return bytes;
 }
 
 QByteArray folderOf(const QByteArray &path)
@@ -56,7 +63,7 @@ bool LinuxFileAccess::fileExists(const QString &path) const
 
 void LinuxFileAccess::readFile(const QString &path, const TakeBytes &take)
 {
-    const QByteArray target = pathBytes(path);
+    const QByteArray target = usablePath(path);
     struct stat status = {};
     if (m_calls.stat(target, &status) != 0) {
         if (errno == ENOENT)
@@ -65,24 +72,33 @@ void LinuxFileAccess::readFile(const QString &path, const TakeBytes &take)
     }
     requireRegular(status, target);
     UnfinishedWrite(m_calls, m_recoveryFolder, status).finish(target);
-    FileHandle::open(m_calls, target, O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK).read(take);
+    const FileHandle file = FileHandle::open(m_calls, target, O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+    requireRegular(file.status(), target);
+    file.read(take);
 }
 
 void LinuxFileAccess::writeFile(const QString &path, QByteArrayView bytes)
 {
-    const QByteArray target = followLinks(pathBytes(path));
-    struct stat status = {};
-    if (m_calls.stat(target, &status) != 0) {
+    const QByteArray target = followLinks(usablePath(path));
+    struct stat found = {};
+    if (m_calls.stat(target, &found) != 0) {
         if (errno != ENOENT)
             FileHandle::raise(errno, target);
-        createFile(target, bytes);
-        return;
+        if (createFile(target, bytes))
+            return;
+        if (m_calls.stat(target, &found) != 0)
+            FileHandle::raise(errno, target);
     }
-    requireRegular(status, target);
+    requireRegular(found, target);
     // Opened for writing first of all: a file that may not be written is not replaced either.
-    const FileHandle old = FileHandle::open(m_calls, target, O_RDWR | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+    const FileHandle old = FileHandle::open(m_calls, target, O_RDWR | O_CLOEXEC | O_NOCTTY | O_NONBLOCK | O_NOFOLLOW);
+    // Another program may have put another file there in between.
+    const struct stat status = old.status();
+    requireRegular(status, target);
     if (status.st_nlink > 1 || !replaceFile(target, old, bytes))
         writeInPlace(target, old, bytes);
+    else
+        UnfinishedWrite(m_calls, m_recoveryFolder, status).drop();
 }
 
 QByteArray LinuxFileAccess::followLinks(const QByteArray &path) const
@@ -91,8 +107,11 @@ QByteArray LinuxFileAccess::followLinks(const QByteArray &path) const
     std::array<char, PATH_MAX> buffer{};
     for (int links = 0; links <= maximumLinks; ++links) {
         const ssize_t size = m_calls.readlink(target, buffer.data(), buffer.size());
-        if (size < 0)
+        // Not a link, or nothing there yet. After any other error it could still be a link, which must not be replaced.
+        if (size < 0 && (errno == EINVAL || errno == ENOENT))
             return target;
+        if (size < 0)
+            FileHandle::raise(errno, target);
         const QByteArray next(buffer.data(), size);
         target = next.startsWith('/') ? next : folderOf(target) + '/' + next;
     }
@@ -106,53 +125,55 @@ void LinuxFileAccess::raiseMissing(const QByteArray &path) const
     FileHandle::raise(isFolderThere ? ENOENT : ENOTDIR, path);
 }
 
-void LinuxFileAccess::createFile(const QByteArray &target, QByteArrayView bytes)
+bool LinuxFileAccess::createFile(const QByteArray &target, QByteArrayView bytes)
 {
     const QByteArray folder = folderOf(target);
     struct stat status = {};
     if (m_calls.stat(folder, &status) != 0)
         raiseMissing(target);
-    std::optional<Draft> draft = Draft::make(m_calls, folder, 0666);
-    if (!draft)
-        FileHandle::raise(EACCES, target);
-    draft->file().write(bytes);
-    draft->file().sync();
-    if (!draft->moveTo(target))
-        FileHandle::raise(EACCES, target);
-    syncFolder(folder);
+    Draft draft = Draft::tryMake(m_calls, folder, target, 0666);
+    if (!draft.file().isOpen())
+        FileHandle::raise(draft.file().error(), target);
+    draft.file().write(bytes);
+    draft.file().sync();
+    if (!draft.moveToNewTarget())
+        return false;
+    syncFolder(folder, target);
+    return true;
 }
 
 bool LinuxFileAccess::replaceFile(const QByteArray &target, const FileHandle &old, QByteArrayView bytes)
 {
     const QByteArray folder = folderOf(target);
-    std::optional<Draft> draft = Draft::make(m_calls, folder, 0600);
-    if (!draft)
+    Draft draft = Draft::tryMake(m_calls, folder, target, 0600);
+    if (!draft.file().isOpen())
         return false;
-    draft->file().write(bytes);
-    if (!carryAttributes(m_calls, old, draft->file()))
+    draft.file().write(bytes);
+    if (!carryAttributes(m_calls, old, draft.file()))
         return false;
-    draft->file().sync();
-    if (!draft->moveTo(target))
+    draft.file().sync();
+    if (!draft.moveOverTarget())
         return false;
-    syncFolder(folder);
+    syncFolder(folder, target);
     return true;
 }
 
 void LinuxFileAccess::writeInPlace(const QByteArray &target, const FileHandle &file, QByteArrayView bytes)
 {
-    UnfinishedWrite copy(m_calls, m_recoveryFolder, file.status());
-    copy.finish(target);
-    if (m_calls.flock(file.file(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
-        FileHandle::raise(EWOULDBLOCK, target);
-
+    const struct stat status = file.status();
+    UnfinishedWrite copy(m_calls, m_recoveryFolder, status);
+    copy.lock(file, target);
+    copy.mend(file);
     const QByteArray before = file.readAll();
     copy.keep(target, before, bytes);
     try {
         reserve(target, file, before.size(), bytes.size());
         file.replaceContent(bytes);
+        keepMode(file, status);
     } catch (const RuntimeError &error) {
         try {
             file.replaceContent(before);
+            keepMode(file, status);
         } catch (const RuntimeError &) {
             throw RuntimeError(static_cast<RuntimeError::Number>(error.number()), error.path(),
                                QStringLiteral("A copy is kept in \"%1\". The write is brought to its end when the "
@@ -167,19 +188,25 @@ void LinuxFileAccess::writeInPlace(const QByteArray &target, const FileHandle &f
 
 void LinuxFileAccess::reserve(const QByteArray &target, const FileHandle &file, qsizetype before, qsizetype after)
 {
-    if (after <= before || m_calls.fallocate(file.file(), before, after - before) == 0)
+    if (after <= before)
+        return;
+    if (uninterrupted([&] { return m_calls.fallocate(file.file(), before, after - before); }) == 0)
         return;
     // Where a file system cannot reserve space, a full disk shows while writing, and the old bytes are put back then.
     if (errno != EOPNOTSUPP && errno != ENOSYS)
         FileHandle::raise(errno, target);
 }
 
-void LinuxFileAccess::syncFolder(const QByteArray &folder)
+/// An ordinary user's write takes the set-user and set-group bits away.
+void LinuxFileAccess::keepMode(const FileHandle &file, const struct stat &status)
 {
-    const FileHandle handle = FileHandle::tryOpen(m_calls, folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    // The file is in its place already. A folder that may not be read, or whose file system does not know the request,
-    // is the ordinary case where this fails; anything else is worth telling.
-    if (!handle.isOpen() || m_calls.fsync(handle.file()) == 0 || errno == EINVAL)
-        return;
-    FileHandle::raise(errno, folder);
+    if (status.st_mode & (S_ISUID | S_ISGID))
+        (void)m_calls.fchmod(file.file(), status.st_mode & 07777);
+}
+
+void LinuxFileAccess::syncFolder(const QByteArray &folder, const QByteArray &target)
+{
+    if (const int error = FileHandle::trySyncFolder(m_calls, folder))
+        FileHandle::raise(error, target,
+                          QStringLiteral("The new content is in its place, but a power cut may undo it."));
 }

@@ -28,11 +28,12 @@ public:
 private:
     [[nodiscard]] QByteArray followLinks(const QByteArray &path) const;
     [[noreturn]] void raiseMissing(const QByteArray &path) const;
-    void createFile(const QByteArray &target, QByteArrayView bytes);
+    [[nodiscard]] bool createFile(const QByteArray &target, QByteArrayView bytes);
     [[nodiscard]] bool replaceFile(const QByteArray &target, const FileHandle &old, QByteArrayView bytes);
     void writeInPlace(const QByteArray &target, const FileHandle &file, QByteArrayView bytes);
     void reserve(const QByteArray &target, const FileHandle &file, qsizetype before, qsizetype after);
-    void syncFolder(const QByteArray &folder);
+    void keepMode(const FileHandle &file, const struct stat &status);
+    void syncFolder(const QByteArray &folder, const QByteArray &target);
 
     std::unique_ptr<SystemCalls> m_ownedCalls;
     SystemCalls &m_calls;

@@ -24,7 +24,8 @@ Platform makePlatform(const QString &title, int argc, const char *const *argv)
     platform.files = std::make_unique<LinuxFileAccess>(std::make_unique<SystemCalls>(),
                                                        stateFolder() + '/' + encodeText(title) + "/unfinished");
     const QString configuration = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    platform.userSettings = std::make_unique<IniUserSettings>(QStringLiteral("%1/%2/%2.ini").arg(configuration, title));
+    platform.userSettings =
+        std::make_unique<IniUserSettings>(*platform.files, QStringLiteral("%1/%2/%2.ini").arg(configuration, title));
     for (int i = 1; i < argc; ++i)
         platform.commandLine.arguments << decodeBytes(argv[i]);
     platform.programPath = {QStringLiteral("/"), QString()};

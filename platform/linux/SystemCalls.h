@@ -5,6 +5,8 @@
 #include <sys/stat.h>
 #include <sys/types.h>
 
+#include <cerrno>
+
 /// The system calls that file access is made of, each as its manual page (section 2) has it: the result, or -1 with
 /// errno set. A test puts itself in between and lets the n-th call fail, or ends the process there.
 class SystemCalls
@@ -40,3 +42,14 @@ public:
     virtual int fsetxattr(int file, const char *name, const void *value, size_t size);
     virtual int fremovexattr(int file, const char *name);
 };
+
+/// Makes a system call again for as long as a signal interrupts it.
+template<class Call>
+auto uninterrupted(const Call &call)
+{
+    for (;;) {
+        const auto result = call();
+        if (result >= 0 || errno != EINTR)
+            return result;
+    }
+}

@@ -44,11 +44,18 @@ std::optional<Content> parseCopy(QByteArray bytes)
     return Content{bytes.first(before), bytes.sliced(before)};
 }
 
+/// Whether a file that cannot be opened is one that is none of this user's business, or is not there at all. Any other
+/// reason may be over in a moment, and says nothing about the file.
+bool isNotOurs(int error)
+{
+    return error == ENOENT || error == ENOTDIR || error == ELOOP || error == EACCES || error == EPERM || error == EROFS;
+}
+
 /// True for bytes that a write of content.after over content.before can have left behind, and nothing else: each byte
 /// is the old one, the new one or, behind the old end, not yet written.
 bool isCutOff(const QByteArray &bytes, const Content &content)
 {
-    const auto [shorter, longer] = std::minmax(content.before.size(), content.after.size());
+    const auto [shorter, longer] = std::minmax({content.before.size(), content.after.size()});
     if (bytes.size() < shorter || bytes.size() > longer || bytes == content.before || bytes == content.after)
         return false;
     for (qsizetype at = 0; at < bytes.size(); ++at) {
@@ -85,8 +92,10 @@ void UnfinishedWrite::keep(const QByteArray &target, const QByteArray &before, Q
         copy.close();
         if (m_calls.rename(draft, m_path) != 0)
             FileHandle::raise(errno, m_path);
+        syncFolder(m_folder);
     } catch (...) {
         (void)m_calls.unlink(draft);
+        drop();
         throw;
     }
 }
@@ -98,14 +107,36 @@ void UnfinishedWrite::drop()
 
 void UnfinishedWrite::finish(const QByteArray &target)
 {
-    const FileHandle copy = FileHandle::tryOpen(m_calls, m_path, O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
-    if (!copy.isOpen())
-        return;
+    struct stat status = {};
+    if (m_calls.stat(m_path, &status) != 0) {
+        if (isNotOurs(errno))
+            return;
+        FileHandle::raise(errno, m_path);
+    }
     const FileHandle file = FileHandle::tryOpen(m_calls, target, O_RDWR | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
-    // Where the file may not be written, it was not this user's write that was cut off. Where it is locked, a program
-    // is writing it right now.
-    if (!file.isOpen() || m_calls.flock(file.file(), LOCK_EX | LOCK_NB) != 0)
-        return;
+    if (file.isOpen()) {
+        lock(file, target);
+        mend(file);
+    } else if (!isNotOurs(file.error())) {
+        FileHandle::raise(file.error(), target);
+    }
+}
+
+void UnfinishedWrite::lock(const FileHandle &file, const QByteArray &target)
+{
+    // Some file systems have no locks.
+    if (m_calls.flock(file.file(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+        FileHandle::raise(EWOULDBLOCK, target);
+}
+
+void UnfinishedWrite::mend(const FileHandle &file)
+{
+    const FileHandle copy = FileHandle::tryOpen(m_calls, m_path, O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+    if (!copy.isOpen()) {
+        if (isNotOurs(copy.error()))
+            return;
+        FileHandle::raise(copy.error(), m_path);
+    }
     const std::optional<Content> content = parseCopy(copy.readAll());
     if (content && isCutOff(file.readAll(), *content))
         file.replaceContent(content->after);
@@ -114,13 +145,22 @@ void UnfinishedWrite::finish(const QByteArray &target)
 
 void UnfinishedWrite::makeFolder(const QByteArray &path)
 {
-    if (m_calls.mkdir(path, 0700) == 0 || errno == EEXIST)
+    const QByteArray parent = path.first(std::max<qsizetype>(path.lastIndexOf('/'), 0));
+    const auto make = [&] { return m_calls.mkdir(path, 0700) == 0 ? 0 : errno; };
+    int error = make();
+    if (error == ENOENT && !parent.isEmpty()) {
+        makeFolder(parent);
+        error = make();
+    }
+    if (error == EEXIST)
         return;
-    const int error = errno;
-    const qsizetype slash = path.lastIndexOf('/');
-    if (error != ENOENT || slash <= 0)
+    if (error != 0)
         FileHandle::raise(error, path);
-    makeFolder(path.first(slash));
-    if (m_calls.mkdir(path, 0700) != 0 && errno != EEXIST)
-        FileHandle::raise(errno, path);
+    syncFolder(parent.isEmpty() ? QByteArrayLiteral("/") : parent);
+}
+
+void UnfinishedWrite::syncFolder(const QByteArray &path)
+{
+    if (const int error = FileHandle::trySyncFolder(m_calls, path))
+        FileHandle::raise(error, path);
 }

@@ -22,13 +22,22 @@ public:
 
     /// Brings the file to what the copy says it is to become, when its bytes show that a write was cut off there. A
     /// file that is whole, or that somebody else has written since, stays as it is. Without a copy nothing is done.
-    /// @throws RuntimeError when the file is torn and cannot be mended
+    /// @throws RuntimeError PermissionDenied while another program writes the file, and others when the file is torn
+    ///         and cannot be mended
     void finish(const QByteArray &target);
+
+    /// Keeps other programs of this kind from writing the file, for as long as it is open.
+    /// @throws RuntimeError PermissionDenied with target as the path, when one of them is writing it
+    void lock(const FileHandle &file, const QByteArray &target);
+
+    /// As finish(), for a file that is locked already.
+    void mend(const FileHandle &file);
 
     [[nodiscard]] const QByteArray &path() const { return m_path; }
 
 private:
     void makeFolder(const QByteArray &path);
+    void syncFolder(const QByteArray &path);
 
     SystemCalls &m_calls;
     QByteArray m_folder;
