@@ -3,8 +3,21 @@
 #include "app/Application.h"
 
 #include <QMessageBox>
+#include <QPushButton>
+
+#include <array>
+#include <utility>
 
 namespace {
+
+// clang-format off
+constexpr std::array<std::pair<QMessageBox::StandardButton, QLatin1String>, 4> buttonNames {{
+    {QMessageBox::Ok,     QLatin1String("OKButton")},
+    {QMessageBox::Yes,    QLatin1String("YesButton")},
+    {QMessageBox::No,     QLatin1String("NoButton")},
+    {QMessageBox::Cancel, QLatin1String("CancelButton")},
+}};
+// clang-format on
 
 QMessageBox::Icon boxIcon(Messages::Icon icon)
 {
@@ -28,6 +41,10 @@ int showBox(const QString &text, Messages::Icon icon, const QString &title, QMes
     QMessageBox box(boxIcon(icon), title.isEmpty() ? Application::title() : title, text, buttons,
                     QApplication::activeWindow());
     box.setObjectName(QStringLiteral("MessageBox"));
+    for (const auto &[button, name] : buttonNames) {
+        if (QAbstractButton *shown = box.button(button))
+            shown->setObjectName(name);
+    }
     // A path may look like mark-up.
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);

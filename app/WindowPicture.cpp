@@ -15,7 +15,7 @@ void writePicture(frmMain &window, const QString &path)
 {
     QStringList documents;
     for (const ConfigForm *document : window.documents())
-        documents << QStringLiteral("%1\t%2").arg(document->caption()).arg(document->rowList().rowCount());
+        documents << document->caption() + u'\t' + QString::number(document->rowList().rowCount());
     QImage picture = window.grab().toImage();
     picture.setText(QStringLiteral("Documents"), documents.join(u'\n'));
 

@@ -1,6 +1,5 @@
 #include "app/frmMain.h"
 
-#include "app/MainMenu.h"
 #include "app/MainUtil.h"
 #include "app/Placement.h"
 #include "app/RunReported.h"
@@ -11,23 +10,24 @@
 #include "settings/AssociationCheck.h"
 #include "settings/Icons.h"
 
+#include <QAction>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDir>
 #include <QDropEvent>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMenuBar>
+#include <QMenu>
 #include <QMimeData>
 #include <QScopeGuard>
 #include <QScreen>
 #include <QStatusBar>
-#include <QToolBar>
+#include <QUrl>
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -53,6 +53,16 @@ QStringList localFiles(const QMimeData &data)
     return paths;
 }
 
+/// A dropped file is opened where it is. Taken as a move, the program that it comes from would remove it.
+bool acceptAsCopy(QDropEvent &event)
+{
+    if (localFiles(*event.mimeData()).isEmpty() || !(event.possibleActions() & Qt::CopyAction))
+        return false;
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+    return true;
+}
+
 QIcon documentIcon(const ConfigForm &document)
 {
     return themedIcon(QLatin1String(document.changed() ? "document-modified" : "document"));
@@ -64,27 +74,34 @@ frmMain::frmMain(const Services &services, const ProgramPathForm &programPath)
     : m_services(services)
     , m_area(new QMdiArea(this))
     , m_util(std::make_unique<MainUtil>(*statusBar()))
+    , m_bars(*this, [this](QLatin1String entry) { return commandOf(entry); })
+    , m_dialog(services.files, services.messages, *this)
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QCoreApplication::applicationName());
     setAcceptDrops(true);
     statusBar()->setObjectName(QStringLiteral("sbStatusBar"));
+    m_area->setObjectName(QStringLiteral("DocumentArea"));
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    // When a document closes, the one that was in front before it comes back.
+    m_area->setActivationOrder(QMdiArea::ActivationHistoryOrder);
     setCentralWidget(m_area);
     connect(m_area, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *window) {
         // No window of the area is active either while another window of the program is in front; the document then
         // stays the active one.
-        if (ConfigForm *document = documentIn(window))
+        ConfigForm *document = documentIn(window);
+        if (document && document != m_activeDocument) {
             setActiveDocument(document);
+            document->setFocus();
+        }
     });
 
-    createMenus();
-    createToolBar();
     placeWindow();
-    setMenuVisible(QLatin1String("mnuItem"), false);
-    setMenuVisible(QLatin1String("mnuEdit"), false);
-    setMenuVisible(QLatin1String("mnuFilePrint"), false);
+    for (const char *menu : {"mnuItem", "mnuEdit", "mnuFilePrint"})
+        setMenuVisible(QLatin1String(menu), false);
+    for (const char *button : {"Print", "Copy", "Cut", "Paste"})
+        setToolButtonEnabled(QLatin1String(button), false);
     checkAssociation(programPath);
 }
 
@@ -116,31 +133,44 @@ void frmMain::closeEvent(QCloseEvent *event)
     if (!queryCloseAll())
         return;
     const std::vector<ConfigForm *> agreed = m_documents;
-    for (const ConfigForm *document : agreed)
-        windowOf(*document)->close();
+    for (const ConfigForm *document : agreed) {
+        if (!windowOf(*document)->close())
+            return;
+    }
     if (!isMinimized() && !storePlacement(m_services.userSettings, {pos(), size()}))
         m_services.messages.show(tr("The place of the window cannot be stored."), Messages::Icon::Exclamation);
     event->accept();
-    QCoreApplication::quit();
+    QCoreApplication::exit();
 }
 
 void frmMain::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (!localFiles(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+    (void)acceptAsCopy(*event);
 }
 
 void frmMain::dropEvent(QDropEvent *event)
 {
-    event->acceptProposedAction();
-    for (const QString &path : localFiles(*event->mimeData()))
-        runReported(m_services.messages, [&] { openDocument(path); });
+    if (!acceptAsCopy(*event))
+        return;
+    // The program that the files come from waits until this returns; it must not wait for a message to be closed.
+    QMetaObject::invokeMethod(
+        this,
+        [this, paths = localFiles(*event->mimeData())] {
+            for (const QString &path : paths)
+                runReported(m_services.messages, [&] { openDocument(path); });
+        },
+        Qt::QueuedConnection);
 }
 
-const std::vector<frmMain::Command> &frmMain::commands()
+CommandBars::Command frmMain::commandOf(QLatin1String entry)
 {
+    struct Row
+    {
+        QLatin1String entry;
+        void (frmMain::*run)();
+    };
     // clang-format off
-    static const std::vector<Command> table {
+    static constexpr std::array<Row, 7> commands {{
         {QLatin1String("mnuFileNew"),    &frmMain::New},
         {QLatin1String("mnuFileOpen"),   &frmMain::Open},
         {QLatin1String("mnuFileClose"),  &frmMain::Close},
@@ -148,21 +178,23 @@ const std::vector<frmMain::Command> &frmMain::commands()
         {QLatin1String("mnuFileSaveAs"), &frmMain::SaveAs},
         {QLatin1String("mnuFileExit"),   &frmMain::Exit},
         {QLatin1String("mnuWindowFont"), &frmMain::ChangeFont},
-    };
+    }};
     // clang-format on
-    return table;
+    const auto *row = std::find_if(commands.begin(), commands.end(),
+                                   [entry](const Row &candidate) { return candidate.entry == entry; });
+    if (row == commands.end())
+        return {};
+    return [this, run = row->run] { (this->*run)(); };
 }
 
 void frmMain::setMenuVisible(QLatin1String name, bool isVisible)
 {
-    if (QAction *action = m_menuActions.value(name))
-        action->setVisible(isVisible);
+    m_bars.setMenuVisible(name, isVisible);
 }
 
 void frmMain::setToolButtonEnabled(QLatin1String key, bool isEnabled)
 {
-    if (QAction *action = m_toolActions.value(key))
-        action->setEnabled(isEnabled);
+    m_bars.setToolButtonEnabled(key, isEnabled);
 }
 
 QString frmMain::statusText() const
@@ -182,7 +214,7 @@ void frmMain::New()
 
 void frmMain::Open()
 {
-    const QString path = chooseFile(QStringLiteral("Open"), false, m_dialogFile);
+    const QString path = m_dialog.ShowOpen();
     if (!path.isEmpty())
         Load(path);
 }
@@ -212,7 +244,7 @@ void frmMain::SaveAs()
     if (!m_activeDocument)
         return;
     ConfigForm &document = *m_activeDocument;
-    const QString path = chooseFile(QStringLiteral("Save As"), true, document.caption());
+    const QString path = m_dialog.ShowSave(document.caption());
     if (path.isEmpty())
         return;
     auto keepPath = qScopeGuard([&document, before = document.file().path()] { document.file().SetInfo(before); });
@@ -231,60 +263,6 @@ void frmMain::ChangeFont()
 {
     if (m_activeDocument)
         m_activeDocument->ChangeFont();
-}
-
-void frmMain::createMenus()
-{
-    QHash<QString, QMenu *> menus;
-    for (const MenuEntry &entry : menuEntries) {
-        QMenu *parent = menus.value(entry.parent);
-        QAction *action = nullptr;
-        if (entry.isMenu) {
-            QMenu *menu = parent ? parent->addMenu(entry.caption) : menuBar()->addMenu(entry.caption);
-            menu->setObjectName(entry.name);
-            menus.insert(entry.name, menu);
-            action = menu->menuAction();
-        } else if (entry.caption.isEmpty()) {
-            action = parent->addSeparator();
-        } else {
-            action = parent->addAction(entry.caption);
-            if (!entry.icon.isEmpty())
-                action->setIcon(themedIcon(entry.icon));
-            action->setShortcuts(QKeySequence::listFromString(entry.shortcuts, QKeySequence::PortableText));
-            connectCommand(*action, entry.name);
-        }
-        action->setObjectName(entry.name);
-        m_menuActions.insert(entry.name, action);
-    }
-}
-
-void frmMain::createToolBar()
-{
-    QToolBar *bar = addToolBar(tr("Toolbar"));
-    bar->setObjectName(QStringLiteral("tbToolBar"));
-    bar->setMovable(false);
-    for (const ToolButton &button : toolButtons) {
-        QAction *action = bar->addAction(themedIcon(button.icon), button.key);
-        action->setObjectName(button.key);
-        action->setToolTip(button.toolTip);
-        connectCommand(*action, button.command);
-        bar->widgetForAction(action)->setObjectName(button.key);
-        // A button without a command is not among those that a document may enable.
-        if (action->isEnabled())
-            m_toolActions.insert(button.key, action);
-    }
-    for (const char *key : {"Print", "Copy", "Cut", "Paste"})
-        setToolButtonEnabled(QLatin1String(key), false);
-}
-
-void frmMain::connectCommand(QAction &action, QLatin1String entry)
-{
-    const auto &table = commands();
-    const auto command = std::find_if(table.begin(), table.end(),
-                                      [entry](const Command &candidate) { return candidate.entry == entry; });
-    action.setEnabled(command != table.end());
-    if (command != table.end())
-        connect(&action, &QAction::triggered, this, command->run);
 }
 
 void frmMain::placeWindow()
@@ -316,6 +294,7 @@ ConfigForm &frmMain::createDocument()
 {
     auto *document = new ConfigForm(m_services.files, m_services.messages, *this);
     auto *window = new QMdiSubWindow;
+    window->setObjectName(QStringLiteral("DocumentWindow"));
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->setWidget(document);
     // The window's own menu would claim the keys of the Close command, and then neither would get them.
@@ -354,7 +333,7 @@ void frmMain::discardDocument(ConfigForm &document)
 {
     document.deactivateDocument();
     forgetDocument(&document);
-    delete windowOf(document);
+    std::unique_ptr<QMdiSubWindow>(windowOf(document)).reset();
 }
 
 void frmMain::openDocument(const QString &path)
@@ -363,6 +342,9 @@ void frmMain::openDocument(const QString &path)
     ConfigForm &document = createDocument();
     auto discard = qScopeGuard([&] {
         discardDocument(document);
+        // The area brings a document of its own choice to the front, and commands go to the one in front.
+        if (previous)
+            m_area->setActiveSubWindow(windowOf(*previous));
         setActiveDocument(previous);
     });
     document.file().SetInfo(path);
@@ -403,31 +385,10 @@ bool frmMain::queryCloseAll()
         // The user sees which document the question is about, and Save As acts on it.
         m_area->setActiveSubWindow(windowOf(*document));
         setActiveDocument(document);
+        document->setFocus();
         if (!document->queryClose())
             return false;
     }
     forget.dismiss();
     return true;
-}
-
-QString frmMain::chooseFile(const QString &title, bool isForSaving, const QString &proposal)
-{
-    QFileDialog dialog(this, title);
-    dialog.setObjectName(QStringLiteral("CommonDialog"));
-    dialog.setAcceptMode(isForSaving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    // A name that is not there is reported by Load, in its own words.
-    dialog.setFileMode(QFileDialog::AnyFile);
-    // The last parentheses of a filter are its pattern and are not shown: "*.*" is what people know, but here it would
-    // leave out names without a dot.
-    dialog.setOption(QFileDialog::HideNameFilterDetails);
-    dialog.setNameFilters(
-        {QStringLiteral("Zentil Configuration (*.zcf) (*.zcf)"), QStringLiteral("All Files (*.*) (*)")});
-    if (!m_dialogFile.isEmpty())
-        dialog.setDirectory(QFileInfo(m_dialogFile).path());
-    if (!proposal.isEmpty())
-        dialog.selectFile(proposal);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return {};
-    m_dialogFile = dialog.selectedFiles().first();
-    return m_dialogFile;
 }

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "app/CommandBars.h"
+#include "app/CommonDialog.h"
 #include "config/DocumentShell.h"
 
-#include <QHash>
 #include <QMainWindow>
+#include <QStringList>
 
 #include <memory>
 #include <vector>
@@ -13,9 +15,7 @@ class ConfigForm;
 class FileAccess;
 class MainUtil;
 class Messages;
-class QFileDialog;
 class QMdiArea;
-class QMdiSubWindow;
 class UserSettings;
 struct ProgramPathForm;
 
@@ -59,12 +59,7 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    struct Command
-    {
-        QLatin1String entry;
-        void (frmMain::*run)();
-    };
-    static const std::vector<Command> &commands();
+    [[nodiscard]] CommandBars::Command commandOf(QLatin1String entry);
 
     void setMenuVisible(QLatin1String name, bool isVisible) override;
     void setToolButtonEnabled(QLatin1String key, bool isEnabled) override;
@@ -79,9 +74,6 @@ private:
     void Exit();
     void ChangeFont();
 
-    void createMenus();
-    void createToolBar();
-    void connectCommand(QAction &action, QLatin1String entry);
     void placeWindow();
     void checkAssociation(const ProgramPathForm &programPath);
 
@@ -92,16 +84,14 @@ private:
     void setActiveDocument(ConfigForm *document);
     void forgetDocument(ConfigForm *document);
     [[nodiscard]] bool queryCloseAll();
-    [[nodiscard]] QString chooseFile(const QString &title, bool isForSaving, const QString &proposal);
 
     Services m_services;
     QMdiArea *m_area;
     std::unique_ptr<MainUtil> m_util;
-    QHash<QString, QAction *> m_menuActions;
-    QHash<QString, QAction *> m_toolActions;
+    CommandBars m_bars;
+    CommonDialog m_dialog;
 
     std::vector<ConfigForm *> m_documents;
     ConfigForm *m_activeDocument = nullptr;
     int m_documentCount = 0;
-    QString m_dialogFile;
 };

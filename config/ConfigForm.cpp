@@ -76,6 +76,7 @@ void ConfigForm::Form_Load_Data(qint16 mode, qint16 &result)
     const OverrideCursor cursor(Qt::BusyCursor);
     const QStringList lines = m_file.GetFile();
     for (qsizetype count = progressInterval; count <= lines.size(); count += progressInterval) {
+        // What the status line shows while a file is loaded, and how it looks afterwards.
         m_shell.setStatusText(QStringLiteral("Line%1").arg(count));
         // The user's own input waits until the rows are there: a document must not be closed while it is being loaded.
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
@@ -112,10 +113,8 @@ void ConfigForm::ChangeFont()
 {
     QFontDialog dialog(m_list->font(), this);
     dialog.setObjectName(QStringLiteral("FontDialog"));
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    m_list->setRowFont(dialog.selectedFont());
-    measureRows();
+    if (dialog.exec() == QDialog::Accepted)
+        m_list->setRowFont(dialog.selectedFont());
 }
 
 void ConfigForm::setgHost(const QString &request)
@@ -141,7 +140,6 @@ void ConfigForm::setCaption(const QString &caption)
     m_caption = caption;
     // In a window title "[*]" stands for a mark of unsaved changes; doubled, it stands for itself.
     setWindowTitle(QString(caption).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
-    emit captionChanged(caption);
 }
 
 void ConfigForm::setOwner(FormOwner *owner, qint16 refresh)
@@ -215,6 +213,7 @@ void ConfigForm::createControls()
     m_list->setObjectName(QStringLiteral("ConfigList"));
     m_list->setAccessibleName(tr("Configuration lines"));
     m_list->setModel(&m_rows);
+    connect(m_list, &ConfigListView::rowFontChanged, this, &ConfigForm::measureRows);
     connect(m_list, &QListView::clicked, this, &ConfigForm::showRowIndicator);
     connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this, &ConfigForm::showRowIndicator);
 
@@ -236,6 +235,7 @@ void ConfigForm::createControls()
 void ConfigForm::layOutControls()
 {
     auto *newItemLabel = new QLabel(tr("&Add item:"), this);
+    newItemLabel->setObjectName(QStringLiteral("lblNewItemList"));
     newItemLabel->setBuddy(m_newItemList);
 
     auto *remove =

@@ -82,7 +82,6 @@ public:
     void forgetCloseAgreed() { m_isCloseAgreed = false; }
 
 signals:
-    void captionChanged(const QString &caption);
     void changedFlagChanged();
     void closing();
     /// The document's own close button was pressed.

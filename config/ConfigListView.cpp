@@ -2,7 +2,15 @@
 
 #include "config/RowDelegate.h"
 
-#include <QEvent>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+namespace {
+
+/// How far a key or a step of the wheel scrolls sideways.
+constexpr int charactersPerStep = 8;
+
+} // namespace
 
 ConfigListView::ConfigListView(QWidget *parent)
     : QListView(parent)
@@ -44,14 +52,36 @@ void ConfigListView::setRowFont(const QFont &font)
     QFont rowFont = font;
     rowFont.setKerning(false);
     setFont(rowFont);
-    m_delegate->setMetrics(this->font());
+    takeFont();
 }
 
 void ConfigListView::changeEvent(QEvent *event)
 {
     QListView::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
-        m_delegate->setMetrics(font());
+    if (event->type() != QEvent::FontChange)
+        return;
+    takeFont();
+    emit rowFontChanged();
+}
+
+void ConfigListView::keyPressEvent(QKeyEvent *event)
+{
+    // In a list of one column the view has no use for these keys, and long rows would be out of the keyboard's reach.
+    const bool isSideways = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
+    if (!isSideways || event->modifiers() & ~Qt::KeypadModifier) {
+        QListView::keyPressEvent(event);
+        return;
+    }
+    const bool isLeft = event->key() == Qt::Key_Left;
+    horizontalScrollBar()->triggerAction(isLeft ? QAbstractSlider::SliderSingleStepSub
+                                                : QAbstractSlider::SliderSingleStepAdd);
+}
+
+void ConfigListView::takeFont()
+{
+    m_delegate->setMetrics(font());
+    // The view would step by a whole row's width.
+    horizontalScrollBar()->setSingleStep(charactersPerStep * fontMetrics().averageCharWidth());
 }
 
 void ConfigListView::forgetCurrent()

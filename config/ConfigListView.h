@@ -28,10 +28,16 @@ public:
     /// The list takes the font; its kerning is switched off, see RowMetrics.
     void setRowFont(const QFont &font);
 
+signals:
+    /// Rows are measured and painted in another font from now on.
+    void rowFontChanged();
+
 protected:
     void changeEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void takeFont();
     void forgetCurrent();
 
     RowDelegate *m_delegate;

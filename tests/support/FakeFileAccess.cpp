@@ -7,6 +7,8 @@ bool FakeFileAccess::fileExists(const QString &path) const
 
 void FakeFileAccess::readFile(const QString &path, const TakeBytes &take)
 {
+    if (onAccess)
+        onAccess();
     if (readError)
         throw *readError;
     if (!content.contains(path))
@@ -16,6 +18,8 @@ void FakeFileAccess::readFile(const QString &path, const TakeBytes &take)
 
 void FakeFileAccess::writeFile(const QString &path, QByteArrayView bytes)
 {
+    if (onAccess)
+        onAccess();
     if (writeError)
         throw *writeError;
     ++writes;

@@ -5,6 +5,7 @@
 
 #include <QHash>
 
+#include <functional>
 #include <optional>
 
 /// Files in memory, which can be told to fail.
@@ -20,4 +21,6 @@ public:
     std::optional<RuntimeError> readError;
     std::optional<RuntimeError> writeError;
     int writes = 0;
+    /// Run at the begin of every read or write.
+    std::function<void()> onAccess;
 };

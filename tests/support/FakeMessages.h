@@ -20,6 +20,9 @@ public:
     /// Fails when something expected has not come yet.
     void verify();
 
+    /// Whether something expected has not come yet.
+    [[nodiscard]] bool isExpecting() const { return !m_expected.empty(); }
+
     void show(const QString &text, Icon icon, const QString &title) override;
     [[nodiscard]] Answer ask(const QString &text, Buttons buttons, Icon icon, const QString &title) override;
 

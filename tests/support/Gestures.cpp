@@ -5,8 +5,14 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QDialogButtonBox>
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QListView>
 #include <QMenu>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 
@@ -51,10 +57,10 @@ bool isReachable(const QAction &action)
 }
 
 void awaitDialog(const std::shared_ptr<DialogProof> &proof, const std::function<void(QWidget &)> &steps,
-                 QElapsedTimer since)
+                 const QPointer<QWidget> &before, QElapsedTimer since)
 {
     QWidget *dialog = QApplication::activeModalWidget();
-    if (dialog && dialog->isVisible()) {
+    if (dialog && dialog != before && dialog->isVisible()) {
         proof->handled = true;
         const QPointer<QWidget> guard(dialog);
         steps(*dialog);
@@ -66,8 +72,9 @@ void awaitDialog(const std::shared_ptr<DialogProof> &proof, const std::function<
         }
         return;
     }
-    if (since.elapsed() < patienceMs)
-        QTimer::singleShot(pollMs, qApp, [=] { awaitDialog(proof, steps, since); });
+    // Nobody waits any more for what only this knows of.
+    if (proof.use_count() > 1 && since.elapsed() < patienceMs)
+        QTimer::singleShot(pollMs, qApp, [=] { awaitDialog(proof, steps, before, since); });
 }
 
 } // namespace
@@ -93,10 +100,13 @@ void trigger(const QWidget &window, const char *entry)
     auto *action = control<QAction>(window, entry);
     if (!action)
         return;
-    if (isReachable(*action))
-        action->trigger();
-    else
+    if (!isReachable(*action)) {
         ADD_FAILURE() << entry << " is hidden or disabled";
+        return;
+    }
+    // By an event, as everything that a user does comes: an error ends at the application object, not in the test.
+    QMetaObject::invokeMethod(action, &QAction::trigger, Qt::QueuedConnection);
+    QCoreApplication::sendPostedEvents(action, QEvent::MetaCall);
 }
 
 void press(const QWidget &window, const char *button)
@@ -130,12 +140,46 @@ void clickRow(QWidget &list, int row, Qt::KeyboardModifiers modifiers)
     QTest::mouseClick(view->viewport(), Qt::LeftButton, modifiers, seen.center());
 }
 
+void chooseInFileDialog(QWidget &dialog, const QString &name)
+{
+    auto *edit = control<QLineEdit>(dialog, "fileNameEdit");
+    auto *buttons = control<QDialogButtonBox>(dialog, "buttonBox");
+    if (!edit || !buttons)
+        return;
+    auto *fileDialog = qobject_cast<QFileDialog *>(&dialog);
+    ASSERT_NE(fileDialog, nullptr);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    edit->setFocus();
+    const QStringList wanted{fileDialog->directory().absoluteFilePath(name)};
+    // At once, as from the clipboard. The dialog is still reading its folder, and selects the proposed file when it
+    // comes to it; whoever is as quick as a test has to enter the name again then.
+    const bool isEntered = QTest::qWaitFor([&] {
+        if (fileDialog->selectedFiles() != wanted) {
+            control<QListView>(dialog, "listView")->clearSelection();
+            edit->selectAll();
+            edit->insert(name);
+        }
+        return fileDialog->selectedFiles() == wanted;
+    });
+    EXPECT_TRUE(isEntered) << "the dialog does not take " << name.toStdString() << ", but has "
+                           << fileDialog->selectedFiles().join(u' ').toStdString();
+    for (QAbstractButton *button : buttons->buttons()) {
+        if (buttons->buttonRole(button) == QDialogButtonBox::AcceptRole) {
+            EXPECT_TRUE(button->isEnabled()) << "the dialog does not take " << name.toStdString();
+            QTest::mouseClick(button, Qt::LeftButton);
+            return;
+        }
+    }
+    ADD_FAILURE() << "the dialog has no button to accept with";
+}
+
 std::shared_ptr<DialogProof> onNextDialog(std::function<void(QWidget &dialog)> steps)
 {
     auto proof = std::make_shared<DialogProof>();
     QElapsedTimer since;
     since.start();
-    QTimer::singleShot(0, qApp, [=, steps = std::move(steps)] { awaitDialog(proof, steps, since); });
+    const QPointer<QWidget> before = QApplication::activeModalWidget();
+    QTimer::singleShot(0, qApp, [=, steps = std::move(steps)] { awaitDialog(proof, steps, before, since); });
     return proof;
 }
 

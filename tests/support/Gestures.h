@@ -47,9 +47,12 @@ struct DialogProof
     bool handled = false;
 };
 
-/// Waits for the next modal dialog and runs steps on it; a dialog that the steps left open is rejected. Without a
-/// dialog within some seconds the proof stays unhandled.
+/// Waits for the next modal dialog (beside the one that is open already) and runs steps on it; a dialog that the steps
+/// left open is rejected. Without a dialog within some seconds the proof stays unhandled.
 [[nodiscard]] std::shared_ptr<DialogProof> onNextDialog(std::function<void(QWidget &dialog)> steps);
+
+/// Puts name in place of what a file dialog proposes, and presses the button that accepts it.
+void chooseInFileDialog(QWidget &dialog, const QString &name);
 
 /// Shows window and waits until it is active.
 void showActive(QWidget &window);

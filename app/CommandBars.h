@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QHash>
+#include <QLatin1String>
+
+#include <functional>
+
+class QAction;
+class QMainWindow;
+
+/// The menus and the toolbar of the main window, made from the tables of app/MainMenu.h.
+class CommandBars final
+{
+public:
+    using Command = std::function<void()>;
+
+    /// @param commandOf the command behind a menu entry; nothing for an entry that has none, which stays disabled
+    CommandBars(QMainWindow &window, const std::function<Command(QLatin1String entry)> &commandOf);
+
+    /// Shows or hides a menu or a menu entry; a name that is not there is passed over.
+    void setMenuVisible(QLatin1String name, bool isVisible);
+
+    /// Enables or disables a toolbar button, unless it has no command.
+    void setToolButtonEnabled(QLatin1String key, bool isEnabled);
+
+private:
+    void createMenus(QMainWindow &window, const std::function<Command(QLatin1String)> &commandOf);
+    void createToolBar(QMainWindow &window, const std::function<Command(QLatin1String)> &commandOf);
+
+    QHash<QString, QAction *> m_menuActions;
+    QHash<QString, QAction *> m_toolActions;
+};

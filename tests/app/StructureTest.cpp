@@ -1,0 +1,414 @@
+#include "app/MessageBoxes.h"
+#include "settings/Icons.h"
+#include "tests/app/ProgramFixture.h"
+#include "tests/support/Printers.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAbstractSpinBox>
+#include <QAction>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSet>
+#include <QStatusBar>
+#include <QTest>
+#include <QTextEdit>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace {
+
+bool isInput(const QWidget &widget)
+{
+    return qobject_cast<const QAbstractButton *>(&widget) || qobject_cast<const QAbstractItemView *>(&widget) ||
+           qobject_cast<const QAbstractSpinBox *>(&widget) || qobject_cast<const QComboBox *>(&widget) ||
+           qobject_cast<const QLineEdit *>(&widget) || qobject_cast<const QTextEdit *>(&widget);
+}
+
+/// What the toolkit makes for itself inside a control, a title bar or a bar: not ours to name.
+bool isToolkitsOwn(const QWidget &widget)
+{
+    if (widget.objectName().startsWith("qt_"))
+        return true;
+    for (const QWidget *at = widget.parentWidget(); at; at = at->parentWidget()) {
+        if (qobject_cast<const QComboBox *>(at) || qobject_cast<const QAbstractItemView *>(at) ||
+            qobject_cast<const QMenuBar *>(at))
+            return true;
+    }
+    return false;
+}
+
+QList<QWidget *> inputsOf(const QWidget &form)
+{
+    QList<QWidget *> result;
+    for (QWidget *widget : form.findChildren<QWidget *>()) {
+        if (isInput(*widget) && !isToolkitsOwn(*widget))
+            result << widget;
+    }
+    return result;
+}
+
+bool hasLabel(const QWidget &form, const QWidget &input)
+{
+    if (!input.accessibleName().isEmpty())
+        return true;
+    if (const auto *button = qobject_cast<const QAbstractButton *>(&input); button && !button->text().isEmpty())
+        return true;
+    for (const QLabel *label : form.findChildren<QLabel *>()) {
+        if (label->buddy() == &input)
+            return true;
+    }
+    return false;
+}
+
+QChar mnemonicOf(const QString &text)
+{
+    const QKeySequence sequence = QKeySequence::mnemonic(text);
+    return sequence.isEmpty() ? QChar() : sequence.toString(QKeySequence::PortableText).back();
+}
+
+/// The texts of a form that a key with Alt may reach, by control.
+QMap<QString, QString> mnemonicTexts(const QWidget &form)
+{
+    QMap<QString, QString> result;
+    for (const auto *button : form.findChildren<QAbstractButton *>()) {
+        if (!isToolkitsOwn(*button) && !qobject_cast<const QToolButton *>(button))
+            result[button->objectName()] = button->text();
+    }
+    for (const auto *label : form.findChildren<QLabel *>()) {
+        if (label->buddy())
+            result[label->objectName()] = label->text();
+    }
+    for (const auto *box : form.findChildren<QGroupBox *>())
+        result[box->objectName()] = box->title();
+    return result;
+}
+
+/// The pairs of controls that one key with Alt would reach.
+QStringList sharedMnemonics(const QMap<QString, QString> &texts)
+{
+    QStringList shared;
+    QMap<QChar, QString> taken;
+    for (auto text = texts.begin(); text != texts.end(); ++text) {
+        const QChar letter = mnemonicOf(text.value());
+        if (letter.isNull())
+            continue;
+        if (taken.contains(letter))
+            shared << text.key() + " and " + taken[letter];
+        taken[letter] = text.key();
+    }
+    return shared;
+}
+
+void expectNamedAndLabelled(const QWidget &form)
+{
+    EXPECT_FALSE(form.objectName().isEmpty());
+    const QList<QWidget *> inputs = inputsOf(form);
+    EXPECT_FALSE(inputs.isEmpty());
+    QSet<QString> names;
+    for (const QWidget *input : inputs) {
+        const std::string what =
+            QStringLiteral("%1 %2").arg(input->metaObject()->className(), input->objectName()).toStdString();
+        EXPECT_FALSE(input->objectName().isEmpty()) << what;
+        EXPECT_FALSE(names.contains(input->objectName())) << what << " stands twice";
+        EXPECT_TRUE(hasLabel(form, *input)) << what << " has no label";
+        names << input->objectName();
+    }
+    for (const QLabel *label : form.findChildren<QLabel *>()) {
+        if (!isToolkitsOwn(*label)) {
+            EXPECT_FALSE(label->objectName().isEmpty()) << "the label " << label->text().toStdString();
+        }
+    }
+}
+
+/// The controls that the Tab key passes through, from the one that has the focus until it comes round.
+QStringList tabRound(QWidget &form)
+{
+    QStringList names;
+    const QWidget *first = form.window()->focusWidget();
+    EXPECT_NE(first, nullptr) << "nothing has the focus";
+    if (!first)
+        return names;
+    const QWidget *at = first;
+    do {
+        names << at->objectName();
+        key(form, Qt::Key_Tab);
+        at = form.window()->focusWidget();
+    } while (at && at != first && names.size() < 1000);
+    return names;
+}
+
+void expectReachableByTab(const QWidget &form, const QStringList &round)
+{
+    for (const QWidget *input : inputsOf(form)) {
+        if (input->isVisible() && input->isEnabled() && !qobject_cast<const QToolButton *>(input)) {
+            EXPECT_TRUE(round.contains(input->objectName())) << input->objectName().toStdString();
+        }
+    }
+}
+
+class Structure : public Program
+{
+protected:
+    void SetUp() override
+    {
+        fakeFiles.content["/a.zcf"] = "a\r\n";
+        fakeFiles.content["/b.zcf"] = "b\r\n";
+    }
+
+    /// The menus of the menu bar and those in them.
+    [[nodiscard]] QList<QMenu *> menus() const
+    {
+        QList<QMenu *> result;
+        QList<QAction *> actions = window->menuBar()->actions();
+        while (!actions.isEmpty()) {
+            QMenu *menu = actions.takeFirst()->menu();
+            if (!menu)
+                continue;
+            result << menu;
+            actions << menu->actions();
+        }
+        return result;
+    }
+};
+
+TEST_F(Structure, EveryControlOfADocumentIsNamedAndLabelled)
+{
+    start({"/a.zcf"});
+    expectNamedAndLabelled(document(0));
+}
+
+TEST_F(Structure, EveryControlOfTheMainWindowIsNamed)
+{
+    start();
+    expectNamedAndLabelled(*window);
+    for (const QWidget *widget : window->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (!widget->objectName().startsWith("qt_")) {
+            EXPECT_FALSE(widget->objectName().isEmpty()) << widget->metaObject()->className();
+        }
+    }
+}
+
+TEST_F(Structure, EveryDocumentWindowIsNamed)
+{
+    start({"/a.zcf", "/b.zcf"});
+    for (const ConfigForm *each : window->documents()) {
+        EXPECT_EQ(each->objectName(), "ConfigForm");
+        EXPECT_FALSE(each->parentWidget()->objectName().isEmpty());
+    }
+}
+
+TEST_F(Structure, EveryMenuAndEntryIsNamed)
+{
+    start({"/a.zcf"});
+    QSet<QString> names;
+    for (const QMenu *menu : menus()) {
+        EXPECT_TRUE(menu->objectName().startsWith("mnu")) << menu->title().toStdString();
+        for (const QAction *action : menu->actions()) {
+            if (action->isSeparator())
+                continue;
+            EXPECT_TRUE(action->objectName().startsWith("mnu")) << action->text().toStdString();
+            EXPECT_FALSE(names.contains(action->objectName())) << action->objectName().toStdString();
+            names << action->objectName();
+        }
+    }
+    EXPECT_FALSE(names.isEmpty());
+}
+
+TEST_F(Structure, EveryToolBarButtonIsNamedAndSaysWhatItDoes)
+{
+    start();
+    const auto *bar = control<QToolBar>(*window, "tbToolBar");
+    for (QAction *action : bar->actions()) {
+        const QWidget *button = bar->widgetForAction(action);
+        EXPECT_EQ(button->objectName(), action->objectName());
+        EXPECT_FALSE(action->toolTip().isEmpty()) << action->objectName().toStdString();
+        EXPECT_FALSE(action->icon().isNull()) << action->objectName().toStdString();
+    }
+}
+
+TEST_F(Structure, MnemonicsOfADocumentAndOfTheMenuBarAreUnique)
+{
+    start({"/a.zcf"});
+    QMap<QString, QString> texts = mnemonicTexts(document(0));
+    EXPECT_FALSE(texts.isEmpty());
+    for (const QAction *menu : window->menuBar()->actions())
+        texts[menu->objectName()] = menu->text();
+    for (auto text = texts.begin(); text != texts.end(); ++text)
+        EXPECT_FALSE(mnemonicOf(text.value()).isNull()) << text.key().toStdString() << " has no mnemonic";
+    EXPECT_EQ(sharedMnemonics(texts), QStringList());
+}
+
+TEST_F(Structure, MnemonicsOfEachMenuAreUnique)
+{
+    start({"/a.zcf"});
+    QStringList sharing;
+    for (const QMenu *menu : menus()) {
+        QMap<QString, QString> texts;
+        for (const QAction *action : menu->actions())
+            texts[action->objectName()] = action->text();
+        sharing << sharedMnemonics(texts);
+    }
+    // These captions are given as they are. The key goes from one to the other.
+    EXPECT_EQ(sharing, (QStringList{"mnuItemNewRight and mnuItemNewGroup", "mnuItemEditRight and mnuItemEditGroup"}));
+}
+
+TEST_F(Structure, NoKeyStandsForTwoCommands)
+{
+    start({"/a.zcf"});
+    QMap<QString, QString> taken;
+    for (const QAction *action : window->findChildren<QAction *>()) {
+        for (const QKeySequence &sequence : action->shortcuts()) {
+            const QString text = sequence.toString();
+            if (text.isEmpty())
+                continue;
+            EXPECT_FALSE(taken.contains(text)) << text.toStdString() << ": " << action->objectName().toStdString()
+                                               << " and " << taken[text].toStdString();
+            taken[text] = action->objectName();
+        }
+    }
+    EXPECT_TRUE(taken.contains("Ctrl+S"));
+}
+
+TEST_F(Structure, EveryControlOfADocumentIsReachedByTabInTheOrderOfTheLayout)
+{
+    start({"/a.zcf"});
+    const QStringList round = tabRound(document(0));
+    expectReachableByTab(document(0), round);
+    EXPECT_EQ(round, (QStringList{"ConfigList", "ApplyButton", "CloseButton"}));
+}
+
+TEST_F(Structure, OnceEnabledEveryControlOfADocumentIsReachedToo)
+{
+    start({"/a.zcf"});
+    for (QWidget *input : inputsOf(document(0)))
+        input->setEnabled(true);
+    control<QWidget>(document(0), "RemoteConnectFlag")->show();
+    const QStringList round = tabRound(document(0));
+    expectReachableByTab(document(0), round);
+    EXPECT_EQ(round, (QStringList{"ConfigList", "NewItemList", "EditButton", "RemoveButton", "MoveUpButton",
+                                  "MoveDownButton", "RemoteConnectFlag", "ApplyButton", "CloseButton"}));
+}
+
+TEST_F(Structure, EveryIconExists)
+{
+    start({"/a.zcf"});
+    for (const QAction *action : window->findChildren<QAction *>()) {
+        if (!action->icon().isNull()) {
+            EXPECT_FALSE(action->icon().pixmap(16).isNull()) << action->objectName().toStdString();
+        }
+    }
+    for (const auto *button : document(0).findChildren<QAbstractButton *>()) {
+        if (!button->icon().isNull()) {
+            EXPECT_FALSE(button->icon().pixmap(16).isNull()) << button->objectName().toStdString();
+        }
+    }
+    EXPECT_FALSE(window->windowIcon().pixmap(32).isNull());
+    EXPECT_FALSE(document(0).parentWidget()->windowIcon().pixmap(16).isNull());
+}
+
+TEST_F(Structure, AChangedDocumentHasAnotherIcon)
+{
+    start({"/a.zcf"});
+    const QWidget *frame = document(0).parentWidget();
+    const QImage unchanged = frame->windowIcon().pixmap(32).toImage();
+    document(0).setChanged(-1);
+    EXPECT_NE(frame->windowIcon().pixmap(32).toImage(), unchanged);
+    document(0).setChanged(0);
+    EXPECT_EQ(frame->windowIcon().pixmap(32).toImage(), unchanged);
+}
+
+// Message boxes
+
+TEST(MessageBox, ShowsItsTextAsItIsUnderTheProgramsTitle)
+{
+    MessageBoxes realBoxes;
+    Messages &boxes = realBoxes;
+    const auto shown = onNextDialog([](QWidget &dialog) {
+        const auto *box = qobject_cast<QMessageBox *>(&dialog);
+        ASSERT_NE(box, nullptr);
+        EXPECT_EQ(box->objectName(), "MessageBox");
+        EXPECT_EQ(box->windowTitle(), "ZentilConf");
+        EXPECT_EQ(box->text(), "File <b>x</b> not found");
+        EXPECT_EQ(box->textFormat(), Qt::PlainText);
+        EXPECT_EQ(box->icon(), QMessageBox::Warning);
+        expectNamedAndLabelled(dialog);
+        press(dialog, "OKButton");
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    boxes.show("File <b>x</b> not found", Messages::Icon::Exclamation);
+    EXPECT_TRUE(shown->handled);
+}
+
+TEST(MessageBox, MayHaveATitleOfItsOwn)
+{
+    MessageBoxes realBoxes;
+    Messages &boxes = realBoxes;
+    const auto shown = onNextDialog([](QWidget &dialog) { EXPECT_EQ(dialog.windowTitle(), "Print"); });
+    boxes.show("text", Messages::Icon::None, "Print");
+    EXPECT_TRUE(shown->handled);
+}
+
+struct AnswerCase
+{
+    const char *name;
+    Messages::Buttons buttons;
+    const char *button;
+    Messages::Answer answer;
+};
+
+class MessageBoxAnswer : public testing::TestWithParam<AnswerCase>
+{
+};
+
+TEST_P(MessageBoxAnswer, IsTheButtonsOrCancelsWhenItIsClosed)
+{
+    MessageBoxes realBoxes;
+    Messages &boxes = realBoxes;
+    const auto asked = onNextDialog([](QWidget &dialog) {
+        expectNamedAndLabelled(dialog);
+        EXPECT_EQ(dialog.findChild<QAbstractButton *>("CancelButton") != nullptr,
+                  GetParam().buttons == Messages::Buttons::YesNoCancel);
+        if (qstrlen(GetParam().button) > 0)
+            press(dialog, GetParam().button);
+        else
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    EXPECT_EQ(boxes.ask("Save?", GetParam().buttons), GetParam().answer);
+    EXPECT_TRUE(asked->handled);
+}
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Cases, MessageBoxAnswer, testing::Values(
+    AnswerCase{"Yes",                 Messages::Buttons::YesNoCancel, "YesButton",    Messages::Answer::Yes},
+    AnswerCase{"No",                  Messages::Buttons::YesNoCancel, "NoButton",     Messages::Answer::No},
+    AnswerCase{"Cancel",              Messages::Buttons::YesNoCancel, "CancelButton", Messages::Answer::Cancel},
+    AnswerCase{"Closed",              Messages::Buttons::YesNoCancel, "",             Messages::Answer::Cancel},
+    AnswerCase{"YesWithoutCancel",    Messages::Buttons::YesNo,       "YesButton",    Messages::Answer::Yes},
+    AnswerCase{"NoWithoutCancel",     Messages::Buttons::YesNo,       "NoButton",     Messages::Answer::No},
+    AnswerCase{"ClosedWithoutCancel", Messages::Buttons::YesNo,       "",             Messages::Answer::No}
+), [](const auto &tested) { return tested.param.name; });
+// clang-format on
+
+TEST(MessageBox, ButtonsHaveUniqueMnemonicsAndTabReachesAll)
+{
+    MessageBoxes realBoxes;
+    Messages &boxes = realBoxes;
+    const auto asked = onNextDialog([](QWidget &dialog) {
+        QMap<QString, QString> texts = mnemonicTexts(dialog);
+        EXPECT_EQ(texts.size(), 3);
+        EXPECT_EQ(sharedMnemonics(texts), QStringList());
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        expectReachableByTab(dialog, tabRound(dialog));
+    });
+    EXPECT_EQ(boxes.ask("Save?", Messages::Buttons::YesNoCancel), Messages::Answer::Cancel);
+    EXPECT_TRUE(asked->handled);
+}
+
+} // namespace

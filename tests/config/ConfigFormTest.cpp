@@ -1,0 +1,868 @@
+#include "config/ConfigForm.h"
+
+#include "config/ConfigListView.h"
+#include "config/FormOwner.h"
+#include "platform/RuntimeError.h"
+#include "tests/support/FakeFileAccess.h"
+#include "tests/support/FakeMessages.h"
+#include "tests/support/FakeShell.h"
+#include "tests/support/Gestures.h"
+#include "tests/support/Printers.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemModelTester>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFontDialog>
+#include <QLabel>
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+
+#include <cmath>
+
+namespace {
+
+const QString path = QStringLiteral("/configs/server.zcf");
+const QString question = QStringLiteral("The configuration has changed. Save changes before closing?");
+
+QByteArray numberedLines(int count)
+{
+    QByteArray bytes;
+    for (int i = 1; i <= count; ++i)
+        bytes += "line " + QByteArray::number(i) + "\r\n";
+    return bytes;
+}
+
+struct FakeOwner final : FormOwner
+{
+    void Form_Load() override
+    {
+        ++loads;
+        if (onLoad)
+            onLoad();
+    }
+
+    int loads = 0;
+    std::function<void()> onLoad;
+};
+
+class Document : public testing::Test
+{
+protected:
+    Document() = default;
+    ~Document() override { delete form; }
+
+    void load(const QByteArray &bytes, qint16 mode = 0)
+    {
+        files.content[path] = bytes;
+        form->file().SetInfo(path);
+        qint16 result = 0;
+        form->Form_Load_Data(mode, result);
+        EXPECT_EQ(result, 1);
+    }
+
+    [[nodiscard]] ConfigListView &list() const { return *control<ConfigListView>(*form, "ConfigList"); }
+
+    [[nodiscard]] int extentOf(const QString &row) const
+    {
+        return int(std::ceil(QFontMetricsF(list().font()).horizontalAdvance("  " + row)));
+    }
+
+    FakeFileAccess files;
+    FakeMessages messages;
+    const UseMessages use{messages};
+    FakeShell shell;
+    QPointer<ConfigForm> form = new ConfigForm(files, messages, shell);
+};
+
+// Creating the window
+
+TEST_F(Document, ListsTheKindsInTheirOrder)
+{
+    const auto *kinds = control<QComboBox>(*form, "NewItemList");
+    QStringList names;
+    for (int i = 0; i < kinds->count(); ++i)
+        names << kinds->itemText(i);
+    EXPECT_EQ(names, (QStringList{"File", "Registry", "User", "Group", "User Right", "Account Policy", "Audit Policy",
+                                  "Directory Service", "Line", "Other"}));
+    EXPECT_FALSE(kinds->isEditable());
+    EXPECT_EQ(kinds->currentIndex(), -1);
+}
+
+TEST_F(Document, HasItsToolTips)
+{
+    const auto toolTip = [this](const char *name) { return control<QWidget>(*form, name)->toolTip(); };
+    EXPECT_EQ(toolTip("NewItemList"), "Select one of the following to add items of the selected type");
+    EXPECT_EQ(toolTip("RemoveButton"), "Remove the selected item from the configuration");
+    EXPECT_EQ(toolTip("EditButton"), "Edit the selected item. You can also double-click on an item to edit it");
+    // The doubled word has always been there.
+    EXPECT_EQ(toolTip("ApplyButton"), "Save changes the the database");
+    EXPECT_EQ(toolTip("CloseButton"), "Close configuration without saving changes");
+    EXPECT_FALSE(toolTip("MoveUpButton").isEmpty());
+    EXPECT_FALSE(toolTip("MoveDownButton").isEmpty());
+}
+
+TEST_F(Document, AButtonWithoutItsCommandIsDisabled)
+{
+    for (const char *name : {"NewItemList", "RemoveButton", "EditButton", "MoveUpButton", "MoveDownButton"})
+        EXPECT_FALSE(control<QWidget>(*form, name)->isEnabled()) << name;
+    for (const char *name : {"ConfigList", "ApplyButton", "CloseButton"})
+        EXPECT_TRUE(control<QWidget>(*form, name)->isEnabled()) << name;
+}
+
+TEST_F(Document, StartsEmptyAndUnchanged)
+{
+    EXPECT_EQ(form->rowList().rowCount(), 0);
+    EXPECT_EQ(form->changed(), 0);
+    EXPECT_EQ(form->AcceptMode(), 0);
+    EXPECT_EQ(form->file().path(), QString());
+}
+
+// Loading
+
+TEST_F(Document, Loading250LinesShowsLine100AndLine200InTurnThenTheCaptionConfiguration)
+{
+    load(numberedLines(250));
+    EXPECT_EQ(shell.statusTexts, (QStringList{"Line100", "Line200"}));
+    EXPECT_EQ(form->caption(), "Configuration");
+    EXPECT_EQ(form->rowList().rowCount(), 250);
+    EXPECT_EQ(form->rowList().rows().first(), "line 1");
+    EXPECT_EQ(form->rowList().rows().last(), "line 250");
+}
+
+TEST_F(Document, PendingEventsAreProcessedWhileLoading)
+{
+    QString seen;
+    QTimer::singleShot(0, form, [&] { seen = shell.status; });
+    load(numberedLines(250));
+    EXPECT_EQ(seen, "Line100");
+}
+
+struct ProgressCase
+{
+    int lines;
+    QStringList texts;
+};
+
+class LoadProgress : public Document, public testing::WithParamInterface<ProgressCase>
+{
+};
+
+TEST_P(LoadProgress, IsShownAfterEvery100thLine)
+{
+    load(numberedLines(GetParam().lines));
+    EXPECT_EQ(shell.statusTexts, GetParam().texts);
+}
+
+INSTANTIATE_TEST_SUITE_P(Counts, LoadProgress,
+                         testing::Values(ProgressCase{0, {}}, ProgressCase{99, {}}, ProgressCase{100, {"Line100"}},
+                                         ProgressCase{199, {"Line100"}},
+                                         ProgressCase{300, {"Line100", "Line200", "Line300"}}),
+                         [](const auto &tested) { return std::to_string(tested.param.lines); });
+
+TEST_F(Document, ALoadOfTheMostRowsCountsUpToTheLastHundred)
+{
+    load(numberedLines(32767));
+    EXPECT_EQ(form->rowList().rowCount(), 32767);
+    EXPECT_EQ(shell.statusTexts.size(), 327);
+    EXPECT_EQ(shell.statusTexts.last(), "Line32700");
+}
+
+TEST_F(Document, ALoadWithModeZeroLeavesItUnchanged)
+{
+    form->setChanged(-1);
+    load("a\r\n");
+    EXPECT_EQ(form->changed(), 0);
+    EXPECT_EQ(form->AcceptMode(), 0);
+}
+
+TEST_F(Document, ALoadsModeBecomesTheAcceptModeAndTheChangedFlag)
+{
+    load("a\r\n", -1);
+    EXPECT_EQ(form->AcceptMode(), -1);
+    EXPECT_EQ(form->changed(), -1);
+}
+
+TEST_F(Document, ReloadWithANonZeroAcceptModeLeavesItMarkedAsChanged)
+{
+    load("a\r\n");
+    form->setAcceptMode(7);
+    form->Reload();
+    EXPECT_EQ(form->changed(), 7);
+    EXPECT_EQ(form->AcceptMode(), 7);
+    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::No);
+    EXPECT_TRUE(form->close());
+}
+
+TEST_F(Document, ReloadReplacesTheRows)
+{
+    load("a\r\nb\r\n");
+    files.content[path] = "c\r\n";
+    form->Reload();
+    EXPECT_EQ(form->rowList().rows(), QStringList{"c"});
+    EXPECT_EQ(form->changed(), 0);
+}
+
+TEST_F(Document, ReloadLeavesNoRowCurrent)
+{
+    load(numberedLines(10));
+    showActive(*form);
+    clickRow(list(), 2);
+    form->Reload();
+    EXPECT_EQ(list().listIndex(), -1);
+}
+
+TEST_F(Document, AFailedLoadKeepsRowsChangedFlagAcceptModeAndCaption)
+{
+    load("a\r\nb\r\n");
+    form->setCaption(path);
+    form->setChanged(-1);
+    form->setAcceptMode(3);
+    files.readError = RuntimeError(RuntimeError::DeviceError, path);
+    qint16 result = 0;
+    EXPECT_THROW(form->Form_Load_Data(0, result), RuntimeError);
+    EXPECT_THROW(form->Reload(), RuntimeError);
+    EXPECT_EQ(result, 0);
+    EXPECT_EQ(form->rowList().rows(), (QStringList{"a", "b"}));
+    EXPECT_EQ(form->changed(), -1);
+    EXPECT_EQ(form->AcceptMode(), 3);
+    EXPECT_EQ(form->caption(), path);
+}
+
+TEST_F(Document, AFileOfTooManyLinesIsRefusedWhole)
+{
+    load("a\r\n");
+    files.content[path] = numberedLines(32768);
+    EXPECT_THROW(form->Reload(), RuntimeError);
+    EXPECT_EQ(form->rowList().rows(), QStringList{"a"});
+}
+
+// The wait cursor
+
+TEST_F(Document, TheWaitCursorIsShownWhileLoadingAndSaving)
+{
+    QList<Qt::CursorShape> shapes;
+    files.onAccess = [&] { shapes << QGuiApplication::overrideCursor()->shape(); };
+    load("a\r\n");
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    form->Form_Save_Data();
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(shapes, (QList<Qt::CursorShape>{Qt::BusyCursor, Qt::WaitCursor}));
+}
+
+TEST_F(Document, TheNormalCursorComesBackAfterAnError)
+{
+    load("a\r\n");
+    files.readError = RuntimeError(RuntimeError::DeviceError, path);
+    files.writeError = RuntimeError(RuntimeError::DiskFull, path);
+    EXPECT_THROW(form->Reload(), RuntimeError);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_THROW(form->Form_Save_Data(), RuntimeError);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+// Saving
+
+TEST_F(Document, SavingJoinsTheRowsWithCrLfAndClearsTheChangedFlag)
+{
+    load("a\n\nb");
+    form->setChanged(-1);
+    form->Form_Save_Data();
+    EXPECT_EQ(files.content[path], "a\r\n\r\nb\r\n");
+    EXPECT_EQ(form->changed(), 0);
+}
+
+TEST_F(Document, SavingNoRowsWritesAnEmptyFile)
+{
+    load("");
+    files.content[path] = "old";
+    form->Form_Save_Data();
+    EXPECT_EQ(files.content[path], "");
+}
+
+TEST_F(Document, TheApplyButtonSaves)
+{
+    load("a\r\n");
+    form->setChanged(-1);
+    showActive(*form);
+    press(*form, "ApplyButton");
+    EXPECT_EQ(files.writes, 1);
+    EXPECT_EQ(form->changed(), 0);
+}
+
+TEST_F(Document, AFailedSaveKeepsTheChangedFlag)
+{
+    load("a\r\n");
+    form->setChanged(-1);
+    files.writeError = RuntimeError(RuntimeError::DiskFull, path);
+    EXPECT_THROW(form->Form_Save_Data(), RuntimeError);
+    EXPECT_EQ(form->changed(), -1);
+    EXPECT_EQ(files.content[path], "a\r\n");
+}
+
+TEST_F(Document, AnErrorOfTheApplyButtonIsShownAndTheDocumentStays)
+{
+    load("a\r\n");
+    form->setChanged(-1);
+    showActive(*form);
+    files.writeError = RuntimeError(RuntimeError::DiskFull, path);
+    messages.expectShow("Run-time error '61':\n\nDisk full\n\n" + path, Messages::Icon::Critical);
+    press(*form, "ApplyButton");
+    messages.verify();
+    EXPECT_EQ(form->changed(), -1);
+    EXPECT_TRUE(form->isVisible());
+}
+
+TEST_F(Document, WithoutAPathSavingRunsSaveAs)
+{
+    shell.onSaveAs = [this] {
+        form->file().SetInfo(path);
+        form->Form_Save_Data();
+    };
+    form->setChanged(-1);
+    form->Form_Save_Data();
+    EXPECT_EQ(shell.saveAsCalls, 1);
+    EXPECT_TRUE(files.content.contains(path));
+    EXPECT_EQ(form->changed(), 0);
+}
+
+TEST_F(Document, ACancelledSaveAsStillCountsAsSaved)
+{
+    form->setChanged(-1);
+    form->Form_Save_Data();
+    EXPECT_EQ(shell.saveAsCalls, 1);
+    EXPECT_EQ(files.writes, 0);
+    EXPECT_EQ(form->changed(), 0);
+}
+
+TEST_F(Document, AFailedSaveAsKeepsTheChangedFlag)
+{
+    shell.onSaveAs = [] { throw RuntimeError(RuntimeError::PermissionDenied, path); };
+    form->setChanged(-1);
+    EXPECT_THROW(form->Form_Save_Data(), RuntimeError);
+    EXPECT_EQ(form->changed(), -1);
+}
+
+// The status line
+
+TEST_F(Document, ClickingTheThirdOfTenRowsShowsLine3Of10)
+{
+    load(numberedLines(10));
+    showActive(*form);
+    clickRow(list(), 2);
+    EXPECT_EQ(shell.status, "Line 3/10");
+}
+
+TEST_F(Document, ClickingTheCurrentRowAgainShowsItAgain)
+{
+    load(numberedLines(10));
+    showActive(*form);
+    clickRow(list(), 2);
+    shell.setStatusText("something else");
+    clickRow(list(), 2);
+    EXPECT_EQ(shell.status, "Line 3/10");
+}
+
+TEST_F(Document, MovingWithTheKeyboardShowsTheRow)
+{
+    load(numberedLines(10));
+    showActive(*form);
+    list().setFocus();
+    key(*form, Qt::Key_Down);
+    EXPECT_EQ(shell.status, "Line 1/10");
+    key(*form, Qt::Key_End);
+    EXPECT_EQ(shell.status, "Line 10/10");
+    key(*form, Qt::Key_Up);
+    EXPECT_EQ(shell.status, "Line 9/10");
+}
+
+TEST_F(Document, NoRowIsCurrentUntilOneIsChosen)
+{
+    load(numberedLines(10));
+    shell.setStatusText("before");
+    showActive(*form);
+    EXPECT_EQ(list().listIndex(), -1);
+    control<QPushButton>(*form, "CloseButton")->setFocus();
+    key(*form, Qt::Key_Tab);
+    ASSERT_TRUE(list().hasFocus());
+    EXPECT_EQ(list().listIndex(), -1);
+    EXPECT_EQ(shell.status, "before");
+}
+
+// Activation
+
+TEST_F(Document, BecomingActiveShowsItsMenusAndEnablesItsButtons)
+{
+    form->activateDocument();
+    EXPECT_EQ(shell.menus, (QMap<QString, bool>{{"mnuItem", true},
+                                                {"mnuFilePrint", true},
+                                                {"mnuEdit", true},
+                                                {"mnuEditUndo", true},
+                                                {"mnuEditBar0", true},
+                                                {"mnuEditCopy", true},
+                                                {"mnuEditCut", true},
+                                                {"mnuEditPaste", true},
+                                                {"mnuEditPasteSpecial", false}}));
+    EXPECT_EQ(shell.buttons, (QMap<QString, bool>{{"Print", true}, {"Copy", true}, {"Cut", true}, {"Paste", true}}));
+}
+
+TEST_F(Document, NoLongerActiveHidesItsMenusAndDisablesItsButtons)
+{
+    form->activateDocument();
+    shell.menus.clear();
+    shell.buttons.clear();
+    form->deactivateDocument();
+    // The entries of the Edit menu that are not named here go with their menu.
+    EXPECT_EQ(shell.menus, (QMap<QString, bool>{{"mnuItem", false},
+                                                {"mnuFilePrint", false},
+                                                {"mnuEdit", false},
+                                                {"mnuEditUndo", false},
+                                                {"mnuEditBar0", false}}));
+    EXPECT_EQ(shell.buttons,
+              (QMap<QString, bool>{{"Print", false}, {"Copy", false}, {"Cut", false}, {"Paste", false}}));
+}
+
+TEST_F(Document, ItsStatusIsKeptWhileItIsNotActive)
+{
+    shell.setStatusText("main");
+    form->activateDocument();
+    EXPECT_EQ(shell.status, "");
+    shell.setStatusText("Line 3/10");
+    form->deactivateDocument();
+    EXPECT_EQ(shell.status, "main");
+    form->activateDocument();
+    EXPECT_EQ(shell.status, "Line 3/10");
+}
+
+TEST_F(Document, SwitchingBetweenTwoDocumentsRestoresEachOnesStatusLine)
+{
+    ConfigForm other(files, messages, shell);
+    other.setAttribute(Qt::WA_DeleteOnClose, false);
+    shell.setStatusText("main");
+    form->activateDocument();
+    shell.setStatusText("first");
+    form->deactivateDocument();
+    other.activateDocument();
+    EXPECT_EQ(shell.status, "");
+    shell.setStatusText("second");
+    other.deactivateDocument();
+    form->activateDocument();
+    EXPECT_EQ(shell.status, "first");
+    form->deactivateDocument();
+    other.activateDocument();
+    EXPECT_EQ(shell.status, "second");
+    other.deactivateDocument();
+    EXPECT_EQ(shell.status, "main");
+}
+
+TEST_F(Document, ActivationCountsOnce)
+{
+    shell.setStatusText("main");
+    form->activateDocument();
+    shell.setStatusText("mine");
+    form->activateDocument();
+    EXPECT_EQ(shell.status, "mine");
+    form->deactivateDocument();
+    form->deactivateDocument();
+    EXPECT_EQ(shell.status, "main");
+}
+
+// Closing
+
+class Closing : public Document
+{
+protected:
+    Closing()
+    {
+        load("a\r\n");
+        form->setOwner(&owner, -1);
+        form->activateDocument();
+        showActive(*form);
+    }
+
+    [[nodiscard]] bool isOpen() const { return form && form->isVisible(); }
+
+    FakeOwner owner;
+};
+
+TEST_F(Closing, AnUnchangedDocumentAsksNothing)
+{
+    EXPECT_TRUE(form->close());
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(files.writes, 0);
+    EXPECT_EQ(owner.loads, 1);
+    EXPECT_FALSE(shell.menus["mnuItem"]);
+    EXPECT_FALSE(shell.buttons["Copy"]);
+}
+
+TEST_F(Closing, YesSavesAndCloses)
+{
+    form->setChanged(-1);
+    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::Yes);
+    EXPECT_TRUE(form->close());
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(files.writes, 1);
+    EXPECT_EQ(owner.loads, 1);
+}
+
+TEST_F(Closing, NoClosesWithoutSaving)
+{
+    form->setChanged(-1);
+    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::No);
+    EXPECT_TRUE(form->close());
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(files.writes, 0);
+    EXPECT_EQ(owner.loads, 1);
+}
+
+TEST_F(Closing, CancelKeepsItOpen)
+{
+    form->setChanged(-1);
+    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::Cancel);
+    EXPECT_FALSE(form->close());
+    EXPECT_TRUE(isOpen());
+    EXPECT_EQ(files.writes, 0);
+    EXPECT_EQ(owner.loads, 0);
+    EXPECT_TRUE(shell.menus["mnuItem"]);
+    EXPECT_EQ(form->changed(), -1);
+}
+
+TEST_F(Closing, AfterCancelItAsksAgain)
+{
+    form->setChanged(-1);
+    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::Cancel);
+    EXPECT_FALSE(form->close());
+    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::No);
+    EXPECT_TRUE(form->close());
+}
+
+TEST_F(Closing, AnErrorWhileSavingKeepsItOpen)
+{
+    form->setChanged(-1);
+    files.writeError = RuntimeError(RuntimeError::DiskFull, path);
+    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::Yes);
+    messages.expectShow("Run-time error '61':\n\nDisk full\n\n" + path, Messages::Icon::Critical);
+    EXPECT_FALSE(form->close());
+    EXPECT_TRUE(isOpen());
+    EXPECT_EQ(form->changed(), -1);
+    EXPECT_EQ(owner.loads, 0);
+    EXPECT_TRUE(shell.menus["mnuItem"]);
+}
+
+TEST_F(Closing, TheOwnersFormLoadFollowsTheSave)
+{
+    int writesBefore = -1;
+    owner.onLoad = [&] { writesBefore = files.writes; };
+    form->setChanged(-1);
+    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::Yes);
+    EXPECT_TRUE(form->close());
+    EXPECT_EQ(writesBefore, 1);
+}
+
+TEST_F(Closing, WithoutItsFlagTheOwnerIsNotCalled)
+{
+    form->setOwner(&owner, 0);
+    EXPECT_TRUE(form->close());
+    EXPECT_EQ(owner.loads, 0);
+}
+
+TEST_F(Closing, WithoutAnOwnerNothingIsCalled)
+{
+    form->setOwner(nullptr, -1);
+    EXPECT_TRUE(form->close());
+    EXPECT_EQ(owner.loads, 0);
+}
+
+TEST_F(Closing, OnceAgreedClosingAsksNoMore)
+{
+    form->setChanged(-1);
+    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::No);
+    EXPECT_TRUE(form->queryClose());
+    EXPECT_TRUE(form->close());
+    EXPECT_EQ(owner.loads, 1);
+}
+
+TEST_F(Closing, WhatWasAgreedCanBeTakenBack)
+{
+    form->setChanged(-1);
+    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::No);
+    EXPECT_TRUE(form->queryClose());
+    form->forgetCloseAgreed();
+    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::Cancel);
+    EXPECT_FALSE(form->close());
+}
+
+TEST_F(Closing, TheCloseButtonAsksForTheWindowToClose)
+{
+    int requests = 0;
+    QObject::connect(form, &ConfigForm::closeRequested, form, [&] { ++requests; });
+    press(*form, "CloseButton");
+    EXPECT_EQ(requests, 1);
+}
+
+// The remote host
+
+TEST_F(Document, AHostThatMeansNoneKeepsRemoteConnectFlagHidden)
+{
+    showActive(*form);
+    auto *flag = control<QCheckBox>(*form, "RemoteConnectFlag");
+    form->setgHost("server1");
+    EXPECT_EQ(form->gHost(), QString());
+    EXPECT_FALSE(flag->isVisible());
+    EXPECT_FALSE(flag->isEnabled());
+    EXPECT_FALSE(flag->isChecked());
+    flag->setChecked(true);
+    EXPECT_FALSE(form->isRemoteConnectRequested());
+}
+
+// Caption
+
+TEST_F(Document, ACaptionWithTheMarkOfChangesIsShownAsItIs)
+{
+    const QString caption = QStringLiteral("/configs/a[*]b.zcf");
+    form->setCaption(caption);
+    showActive(*form);
+    EXPECT_EQ(form->caption(), caption);
+    EXPECT_TRUE(form->windowHandle()->title().contains(caption)) << form->windowHandle()->title().toStdString();
+}
+
+TEST_F(Document, ACaptionThatLooksLikeTheMarkTwiceIsShownAsItIs)
+{
+    const QString caption = QStringLiteral("/configs/[*][*].zcf");
+    form->setCaption(caption);
+    showActive(*form);
+    EXPECT_TRUE(form->windowHandle()->title().contains(caption)) << form->windowHandle()->title().toStdString();
+}
+
+// The list
+
+TEST_F(Document, ItsRowsKeepTheRulesOfAModel)
+{
+    const QAbstractItemModelTester tester(list().model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    load(numberedLines(150));
+    files.content[path] = "a\r\n";
+    form->Reload();
+    files.content[path].clear();
+    form->Reload();
+    EXPECT_EQ(list().model()->rowCount(), 0);
+}
+
+TEST_F(Document, TheHorizontalExtentIsTheWidestRowBehindTwoSpaces)
+{
+    load("short\r\nthe widest of all these rows\r\nmiddle row\r\n");
+    EXPECT_EQ(list().horizontalExtent(), extentOf("the widest of all these rows"));
+    files.content[path] = "tiny\r\n";
+    form->Reload();
+    EXPECT_EQ(list().horizontalExtent(), extentOf("tiny"));
+}
+
+TEST_F(Document, ALongLineCanBeScrolledIntoView)
+{
+    load(QByteArray(500, 'x') + "\r\n");
+    form->resize(400, 300);
+    showActive(*form);
+    const QScrollBar *bar = list().horizontalScrollBar();
+    EXPECT_EQ(bar->maximum(), extentOf(QString(500, u'x')) - list().viewport()->width());
+}
+
+TEST_F(Document, TheListTakesTheRoomAndTheButtonsKeepTheirSize)
+{
+    showActive(*form);
+    form->resize(500, 400);
+    QCoreApplication::processEvents();
+    const QSize listBefore = list().size();
+    const QSize buttonBefore = control<QPushButton>(*form, "EditButton")->size();
+    form->resize(700, 500);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(list().size(), listBefore + QSize(200, 100));
+    EXPECT_EQ(control<QPushButton>(*form, "EditButton")->size(), buttonBefore);
+}
+
+// The font
+
+TEST_F(Document, TheFontDialogChangesTheListsFontAndTheHorizontalExtent)
+{
+    load("the widest of all these rows\r\n");
+    showActive(*form);
+    const int before = list().horizontalExtent();
+    QFont proposed;
+    const auto asked = onNextDialog([&](QWidget &dialog) {
+        auto *fonts = qobject_cast<QFontDialog *>(&dialog);
+        ASSERT_NE(fonts, nullptr);
+        proposed = fonts->currentFont();
+        QFont large = fonts->currentFont();
+        large.setPointSize(30);
+        fonts->setCurrentFont(large);
+        auto *buttons = fonts->findChild<QDialogButtonBox *>();
+        ASSERT_NE(buttons, nullptr);
+        QTest::mouseClick(buttons->button(QDialogButtonBox::Ok), Qt::LeftButton);
+    });
+    form->ChangeFont();
+    ASSERT_TRUE(asked->handled);
+    EXPECT_EQ(proposed.pointSize(), QApplication::font().pointSize());
+    EXPECT_EQ(list().font().pointSize(), 30);
+    EXPECT_GT(list().horizontalExtent(), 2 * before);
+    EXPECT_EQ(list().horizontalExtent(), extentOf("the widest of all these rows"));
+}
+
+TEST_F(Document, ACancelledFontDialogChangesNothing)
+{
+    load("a row\r\n");
+    showActive(*form);
+    const QFont font = list().font();
+    const int extent = list().horizontalExtent();
+    const auto asked = onNextDialog([](QWidget &dialog) {
+        auto *fonts = qobject_cast<QFontDialog *>(&dialog);
+        ASSERT_NE(fonts, nullptr);
+        QFont large = fonts->currentFont();
+        large.setPointSize(30);
+        fonts->setCurrentFont(large);
+        fonts->reject();
+    });
+    form->ChangeFont();
+    ASSERT_TRUE(asked->handled);
+    EXPECT_EQ(list().font(), font);
+    EXPECT_EQ(list().horizontalExtent(), extent);
+}
+
+TEST_F(Document, AFontFromOutsideIsMeasuredAsWell)
+{
+    load("the widest of all these rows\r\n");
+    QFont large = form->font();
+    large.setPointSize(30);
+    form->setFont(large);
+    EXPECT_EQ(list().horizontalExtent(), extentOf("the widest of all these rows"));
+}
+
+// Painting
+
+/// A paint device that remembers the texts that were laid out for it.
+class TextRecorder final : public QPaintDevice
+{
+public:
+    [[nodiscard]] QPaintEngine *paintEngine() const override { return &m_engine; }
+    [[nodiscard]] const QString &text() const { return m_engine.text; }
+
+protected:
+    [[nodiscard]] int metric(PaintDeviceMetric metric) const override
+    {
+        switch (metric) {
+        case PdmWidth:
+        case PdmHeight:
+            return 2000;
+        case PdmDpiX:
+        case PdmDpiY:
+        case PdmPhysicalDpiX:
+        case PdmPhysicalDpiY:
+            return 96;
+        case PdmDevicePixelRatio:
+            return 1;
+        default:
+            return QPaintDevice::metric(metric);
+        }
+    }
+
+private:
+    class Engine final : public QPaintEngine
+    {
+    public:
+        Engine()
+            : QPaintEngine(AllFeatures)
+        {
+        }
+        bool begin(QPaintDevice *) override { return true; }
+        bool end() override { return true; }
+        void updateState(const QPaintEngineState &) override {}
+        void drawPixmap(const QRectF &, const QPixmap &, const QRectF &) override {}
+        void drawPolygon(const QPointF *, int, PolygonDrawMode) override {}
+        void drawPath(const QPainterPath &) override {}
+        void drawTextItem(const QPointF &, const QTextItem &item) override { text += item.text(); }
+        [[nodiscard]] Type type() const override { return User; }
+
+        QString text;
+    };
+
+    mutable Engine m_engine;
+};
+
+class Painting : public Document
+{
+protected:
+    /// The text that painting the row lays out, with the list scrolled sideways by so many pixels.
+    [[nodiscard]] QString paintedText(int row, int scrolled = 0)
+    {
+        form->resize(600, 300);
+        showActive(*form);
+        list().horizontalScrollBar()->setValue(scrolled);
+        QStyleOptionViewItem option;
+        option.initFrom(&list());
+        option.font = list().font();
+        option.widget = &list();
+        const QModelIndex index = list().model()->index(row, 0);
+        option.rect = list().visualRect(index);
+        TextRecorder recorder;
+        QPainter painter(&recorder);
+        list().itemDelegate()->paint(&painter, option, index);
+        painter.end();
+        return recorder.text();
+    }
+};
+
+TEST_F(Painting, ShowsARowsText)
+{
+    load("C:\\Windows ABC\r\n");
+    EXPECT_EQ(paintedText(0), "C:\\Windows ABC");
+}
+
+TEST_F(Painting, OfARowOfAMegabyteOnlyWhatIsSeenIsLaidOut)
+{
+    const int length = 1 << 20;
+    load(QByteArray(length - 3, 'x') + "end\r\n");
+    const int seen = int(list().width() / QFontMetricsF(list().font()).horizontalAdvance(u'x'));
+    const QString atStart = paintedText(0);
+    EXPECT_FALSE(atStart.isEmpty());
+    EXPECT_LE(atStart.size(), 2000);
+    const QString inside = paintedText(0, list().horizontalExtent() / 2);
+    EXPECT_FALSE(inside.isEmpty());
+    EXPECT_LE(inside.size(), 2000);
+    EXPECT_TRUE(paintedText(0, list().horizontalExtent()).endsWith("end"));
+    EXPECT_LE(seen, 2000);
+}
+
+TEST_F(Painting, ControlCharactersAreSeen)
+{
+    load(QByteArrayLiteral("a\0b\x1B\x7F\tc\r\n"));
+    EXPECT_EQ(paintedText(0), QStringLiteral("a␀b␛␡ c"));
+    EXPECT_EQ(form->rowList().rows().first(), QString::fromLatin1("a\0b\x1B\x7F\tc", 7));
+}
+
+TEST_F(Painting, BytesThatAreNotUtf8AreShownAsTheirWindowsCharacters)
+{
+    load("price \x80 \xE4 \x93quoted\x94\r\n");
+    EXPECT_EQ(paintedText(0), QStringLiteral("price € ä “quoted”"));
+    EXPECT_EQ(list().model()->index(0, 0).data().toString(), QStringLiteral("price € ä “quoted”"));
+    form->Form_Save_Data();
+    EXPECT_EQ(files.content[path], "price \x80 \xE4 \x93quoted\x94\r\n");
+}
+
+// What editors call
+
+TEST_F(Document, ParsesALineAsADocumentDoes)
+{
+    QString prefix;
+    QString object;
+    QString flags;
+    form->ParseLine(R"(!!"C:\Program Files" $(A))", prefix, object, flags);
+    EXPECT_EQ(prefix, "!!");
+    EXPECT_EQ(object, "C:\\Program Files");
+    EXPECT_EQ(flags, "$(A)");
+}
+
+} // namespace

@@ -1,0 +1,210 @@
+#include "config/ConfigListView.h"
+
+#include "config/RowList.h"
+#include "tests/support/Gestures.h"
+#include "tests/support/Printers.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemModelTester>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+QStringList numberedRows(int count)
+{
+    QStringList rows;
+    for (int i = 1; i <= count; ++i)
+        rows << QStringLiteral("row %1").arg(i);
+    return rows;
+}
+
+class ListView : public testing::Test
+{
+protected:
+    ListView()
+    {
+        auto *layout = new QVBoxLayout(&window);
+        layout->addWidget(before);
+        layout->addWidget(list);
+        rows.setRows(numberedRows(10));
+        list->setModel(&rows);
+        list->setHorizontalExtent(list->widestRow(rows.rows()));
+        window.resize(300, 300);
+        showActive(window);
+        before->setFocus();
+    }
+
+    [[nodiscard]] QList<int> selectedRows() const
+    {
+        QList<int> result;
+        for (const QModelIndex &index : list->selectionModel()->selectedIndexes())
+            result << index.row();
+        std::sort(result.begin(), result.end());
+        return result;
+    }
+
+    RowList rows;
+    const QAbstractItemModelTester modelTester{&rows, QAbstractItemModelTester::FailureReportingMode::Fatal};
+    QWidget window;
+    QLineEdit *before = new QLineEdit(&window);
+    ConfigListView *list = new ConfigListView(&window);
+};
+
+TEST_F(ListView, HasNoCurrentRowUntilOneIsChosen)
+{
+    EXPECT_EQ(list->listIndex(), -1);
+    EXPECT_TRUE(selectedRows().isEmpty());
+}
+
+TEST_F(ListView, TheTabKeyChoosesNoRow)
+{
+    key(window, Qt::Key_Tab);
+    ASSERT_TRUE(list->hasFocus());
+    EXPECT_EQ(list->listIndex(), -1);
+    EXPECT_TRUE(selectedRows().isEmpty());
+}
+
+TEST_F(ListView, AnArrowKeyChoosesTheFirstRowThenTheNext)
+{
+    key(window, Qt::Key_Tab);
+    key(window, Qt::Key_Down);
+    EXPECT_EQ(list->listIndex(), 0);
+    key(window, Qt::Key_Down);
+    EXPECT_EQ(list->listIndex(), 1);
+    EXPECT_EQ(selectedRows(), QList<int>{1});
+}
+
+TEST_F(ListView, NewRowsForgetTheCurrentRow)
+{
+    clickRow(*list, 4);
+    ASSERT_EQ(list->listIndex(), 4);
+    rows.setRows(numberedRows(20));
+    EXPECT_EQ(list->listIndex(), -1);
+    EXPECT_TRUE(selectedRows().isEmpty());
+    before->setFocus();
+    key(window, Qt::Key_Tab);
+    EXPECT_EQ(list->listIndex(), -1);
+}
+
+TEST_F(ListView, SeveralRowsCanBeSelected)
+{
+    clickRow(*list, 1);
+    clickRow(*list, 3, Qt::ControlModifier);
+    EXPECT_EQ(selectedRows(), (QList<int>{1, 3}));
+    EXPECT_EQ(list->listIndex(), 3);
+    clickRow(*list, 0);
+    EXPECT_EQ(selectedRows(), QList<int>{0});
+    clickRow(*list, 3, Qt::ShiftModifier);
+    EXPECT_EQ(selectedRows(), (QList<int>{0, 1, 2, 3}));
+}
+
+TEST_F(ListView, RowsAreNotEditedInTheList)
+{
+    clickRow(*list, 1);
+    key(window, Qt::Key_F2);
+    EXPECT_EQ(list->findChild<QLineEdit *>(), nullptr);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(rows.index(1)).center());
+    EXPECT_EQ(list->findChild<QLineEdit *>(), nullptr);
+}
+
+TEST_F(ListView, ScrollsSidewaysAsFarAsItsExtent)
+{
+    list->setHorizontalExtent(5000);
+    EXPECT_EQ(list->horizontalExtent(), 5000);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(list->horizontalScrollBar()->maximum(), 5000 - list->viewport()->width());
+    list->setHorizontalExtent(10);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(list->horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(ListView, TheKeysLeftAndRightScrollSideways)
+{
+    list->setHorizontalExtent(5000);
+    QCoreApplication::processEvents();
+    clickRow(*list, 1);
+    const QScrollBar *bar = list->horizontalScrollBar();
+    // Some characters at a time, however long the rows are.
+    EXPECT_GT(bar->singleStep(), list->fontMetrics().averageCharWidth());
+    EXPECT_LT(bar->singleStep(), list->viewport()->width());
+    key(window, Qt::Key_Right);
+    key(window, Qt::Key_Right);
+    EXPECT_EQ(bar->value(), 2 * bar->singleStep());
+    key(window, Qt::Key_Left);
+    EXPECT_EQ(bar->value(), bar->singleStep());
+    EXPECT_EQ(list->listIndex(), 1);
+}
+
+TEST_F(ListView, AllRowsAreOfOneHeight)
+{
+    rows.setRows({"a", QStringLiteral("日本語 😀"), "", QString(QChar(1))});
+    QCoreApplication::processEvents();
+    const int height = list->visualRect(rows.index(0)).height();
+    EXPECT_GE(height, list->fontMetrics().height());
+    for (int row = 1; row < rows.rowCount(); ++row)
+        EXPECT_EQ(list->visualRect(rows.index(row)).height(), height) << row;
+}
+
+TEST_F(ListView, TakesAFontWithoutItsKerning)
+{
+    QFont large = list->font();
+    large.setPointSize(30);
+    large.setKerning(true);
+    const int before30 = list->widestRow(rows.rows());
+    list->setRowFont(large);
+    EXPECT_EQ(list->font().pointSize(), 30);
+    EXPECT_FALSE(list->font().kerning());
+    EXPECT_GT(list->widestRow(rows.rows()), before30);
+}
+
+TEST_F(ListView, RowsGrowWithTheFont)
+{
+    const int height = list->visualRect(rows.index(0)).height();
+    QFont large = list->font();
+    large.setPointSize(30);
+    list->setRowFont(large);
+    list->setHorizontalExtent(list->widestRow(rows.rows()));
+    QCoreApplication::processEvents();
+    EXPECT_GT(list->visualRect(rows.index(0)).height(), height);
+}
+
+TEST_F(ListView, AFontThatComesFromOutsideIsMeasuredToo)
+{
+    const int width = list->widestRow(rows.rows());
+    QFont large = window.font();
+    large.setPointSize(30);
+    window.setFont(large);
+    EXPECT_GT(list->widestRow(rows.rows()), width);
+}
+
+TEST_F(ListView, TellsWhenItsRowsWantMeasuringAnew)
+{
+    int told = 0;
+    QObject::connect(list, &ConfigListView::rowFontChanged, list, [&] { ++told; });
+    QFont large = window.font();
+    large.setPointSize(30);
+    window.setFont(large);
+    EXPECT_GE(told, 1);
+    told = 0;
+    large.setPointSize(20);
+    list->setRowFont(large);
+    EXPECT_GE(told, 1);
+}
+
+TEST_F(ListView, AnEmptyListTakesFocusAndKeys)
+{
+    rows.setRows({});
+    key(window, Qt::Key_Tab);
+    key(window, Qt::Key_Down);
+    key(window, Qt::Key_PageDown);
+    key(window, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(list->listIndex(), -1);
+}
+
+} // namespace
