@@ -1,7 +1,7 @@
 #include "app/Application.h"
 
-#include "app/RunReported.h"
 #include "settings/Icons.h"
+#include "settings/RunReported.h"
 
 QString Application::title()
 {

@@ -4,8 +4,8 @@
 
 class Messages;
 
-/// The application object. It is the outermost handler of errors: what a command raises ends here, is shown to the
-/// user, and the program goes on with every document as it was.
+/// The application object. It is the outermost handler of errors: what no command has reported itself (see
+/// settings/RunReported.h) ends here, is shown to the user, and the program goes on with every document as it was.
 class Application final : public QApplication
 {
     Q_OBJECT

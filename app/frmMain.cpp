@@ -2,13 +2,13 @@
 
 #include "app/MainUtil.h"
 #include "app/Placement.h"
-#include "app/RunReported.h"
 #include "config/ConfigForm.h"
 #include "platform/FileAccess.h"
 #include "platform/Messages.h"
 #include "platform/Platform.h"
 #include "settings/AssociationCheck.h"
 #include "settings/Icons.h"
+#include "settings/RunReported.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -130,7 +130,9 @@ void frmMain::closeEvent(QCloseEvent *event)
 {
     // Refused until everything has gone well: an error while saving must not close the window.
     event->ignore();
-    if (!queryCloseAll())
+    bool isAgreed = false;
+    runReported(m_services.messages, [&] { isAgreed = queryCloseAll(); });
+    if (!isAgreed)
         return;
     const std::vector<ConfigForm *> agreed = m_documents;
     for (const ConfigForm *document : agreed) {
@@ -184,7 +186,7 @@ CommandBars::Command frmMain::commandOf(QLatin1String entry)
                                    [entry](const Row &candidate) { return candidate.entry == entry; });
     if (row == commands.end())
         return {};
-    return [this, run = row->run] { (this->*run)(); };
+    return [this, run = row->run] { runReported(m_services.messages, [&] { (this->*run)(); }); };
 }
 
 void frmMain::setMenuVisible(QLatin1String name, bool isVisible)

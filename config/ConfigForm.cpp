@@ -8,6 +8,7 @@
 #include "config/OverrideCursor.h"
 #include "platform/Messages.h"
 #include "settings/Icons.h"
+#include "settings/RunReported.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -200,7 +201,9 @@ void ConfigForm::closeEvent(QCloseEvent *event)
 {
     // Refused until everything has gone well: an error while saving must not close the window.
     event->ignore();
-    if (!queryClose())
+    bool isAgreed = false;
+    runReported(m_messages, [&] { isAgreed = queryClose(); });
+    if (!isAgreed)
         return;
     deactivateDocument();
     emit closing();
@@ -255,7 +258,7 @@ void ConfigForm::layOutControls()
                      QStringLiteral("Close configuration without saving changes"), QLatin1String("window-close"));
     for (QPushButton *withoutCommand : {remove, edit, moveUp, moveDown})
         withoutCommand->setEnabled(false);
-    connect(apply, &QPushButton::clicked, this, &ConfigForm::Form_Save_Data);
+    connect(apply, &QPushButton::clicked, this, [this] { runReported(m_messages, [this] { Form_Save_Data(); }); });
     connect(close, &QPushButton::clicked, this, &ConfigForm::closeRequested);
 
     auto *column = new QVBoxLayout;

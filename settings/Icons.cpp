@@ -1,5 +1,7 @@
 #include "settings/Icons.h"
 
+#include <QFile>
+
 #include <algorithm>
 #include <array>
 
@@ -20,10 +22,18 @@ bool mayBeThemed(QLatin1String name)
     return hasTheme && std::find(ownNames.begin(), ownNames.end(), name) == ownNames.end();
 }
 
+/// The program carries its icons as drawings, and beside them pictures in several sizes where Qt has no reader for
+/// drawings (on Windows).
+QString ownFile(QLatin1String name)
+{
+    const QString pictures = QStringLiteral(":/icons/%1.ico").arg(name);
+    return QFile::exists(pictures) ? pictures : QStringLiteral(":/icons/%1.svg").arg(name);
+}
+
 } // namespace
 
 QIcon themedIcon(QLatin1String name)
 {
-    const QIcon own(QStringLiteral(":/icons/%1.svg").arg(name));
+    const QIcon own(ownFile(name));
     return mayBeThemed(name) ? QIcon::fromTheme(name, own) : own;
 }

@@ -180,6 +180,29 @@ TEST_F(Errors, SavingIntoAFolderThatIsGoneIsReportedAndTheDocumentStaysChanged)
     EXPECT_EQ(captions(), (QStringList{good, path}));
 }
 
+// Most of the toolkit is built without exceptions; one that passed through it would leave its guards as they are.
+TEST_F(Errors, OfACommandDoNotPassThroughTheToolkit)
+{
+    FakeMessages outermost;
+    const UseMessages useOutermost(outermost);
+    const QString blank = write("blank.zcf", "\n");
+    const QString text =
+        "Run-time error '5':\n\nInvalid procedure call or argument\n\nThe file holds only empty lines.\n\n" + blank;
+    messages.expectShow(text, critical);
+    open(blank);
+    messages.expectShow(text, critical);
+    drop({blank});
+    messages.verify();
+    ASSERT_TRUE(QFile::remove(good));
+    ASSERT_TRUE(QDir(folder.path()).mkdir("good.zcf"));
+    messages.expectAsk("The configuration has changed. Save changes before closing?", Messages::Buttons::YesNoCancel,
+                       Messages::Answer::Yes);
+    messages.expectShow("Run-time error '75':\n\nPath/File access error\n\n" + good, critical);
+    EXPECT_FALSE(endsAfterClosing());
+    messages.verify();
+    expectOthersStay();
+}
+
 TEST_F(Errors, SeveralInARowAreOneMessageEach)
 {
     const QString blank = write("blank.zcf", "\n");

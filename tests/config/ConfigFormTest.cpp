@@ -320,6 +320,23 @@ TEST_F(Document, AnErrorOfTheApplyButtonIsShownAndTheDocumentStays)
     EXPECT_TRUE(form->isVisible());
 }
 
+// Most of the toolkit is built without exceptions; one that passed through it would leave its guards as they are.
+TEST_F(Document, AnErrorOfTheApplyButtonOrOfClosingDoesNotPassThroughTheToolkit)
+{
+    load("a\r\n");
+    form->setChanged(-1);
+    showActive(*form);
+    FakeMessages outermost;
+    const UseMessages useOutermost(outermost);
+    files.writeError = RuntimeError(RuntimeError::DiskFull, path);
+    messages.expectShow("Run-time error '61':\n\nDisk full\n\n" + path, Messages::Icon::Critical);
+    press(*form, "ApplyButton");
+    messages.verify();
+    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::Yes);
+    messages.expectShow("Run-time error '61':\n\nDisk full\n\n" + path, Messages::Icon::Critical);
+    EXPECT_FALSE(form->close());
+}
+
 TEST_F(Document, WithoutAPathSavingRunsSaveAs)
 {
     shell.onSaveAs = [this] {

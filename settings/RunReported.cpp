@@ -1,4 +1,4 @@
-#include "app/RunReported.h"
+#include "settings/RunReported.h"
 
 #include "platform/Messages.h"
 #include "platform/RuntimeError.h"

@@ -1,0 +1,22 @@
+#include "platform/Platform.h"
+
+#include "platform/windows/CommandLineText.h"
+#include "platform/windows/WindowsFileAccess.h"
+#include "platform/windows/WindowsUserSettings.h"
+
+#include <QDir>
+#include <QStandardPaths>
+
+Platform makePlatform(const QString &title, int, const char *const *)
+{
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    const QString unfinished =
+        QDir::toNativeSeparators(data + QLatin1Char('/') + title + QStringLiteral("/Unfinished"));
+
+    Platform platform;
+    platform.files = std::make_unique<WindowsFileAccess>(std::make_unique<WindowsCalls>(), unfinished);
+    platform.userSettings = std::make_unique<WindowsUserSettings>(QStringLiteral("Software\\") + title);
+    platform.commandLine.rawText = behindProgramName(QString::fromWCharArray(GetCommandLineW()));
+    platform.programPath = {QStringLiteral("\\"), QStringLiteral(".exe")};
+    return platform;
+}
