@@ -136,7 +136,12 @@ private:
     std::function<QString()> m_inFront;
 };
 
-TEST_F(ClosingTheProgram, EachDocumentIsInFrontWhenItIsAskedAboutOldestFirst)
+/// Whether another window of the program is in front while it is closed.
+class QuestionOrder : public ClosingTheProgram, public testing::WithParamInterface<bool>
+{
+};
+
+TEST_P(QuestionOrder, IsOldestFirstAndEachDocumentIsTheActiveOneThen)
 {
     WatchingMessages watching([this] { return activeCaption(); });
     window = std::make_unique<frmMain>(frmMain::Services{*files, settings, watching, associations}, programPath);
@@ -144,10 +149,16 @@ TEST_F(ClosingTheProgram, EachDocumentIsInFrontWhenItIsAskedAboutOldestFirst)
     showActive(*window);
     for (ConfigForm *each : window->documents())
         each->setChanged(-1);
+    QLineEdit other;
+    if (GetParam())
+        showActive(other);
     EXPECT_TRUE(endsAfterClosing());
     EXPECT_EQ(watching.asked, (QStringList{"/a.zcf", "/b.zcf", "/c.zcf"}));
     window.reset();
 }
+
+INSTANTIATE_TEST_SUITE_P(Windows, QuestionOrder, testing::Bool(),
+                         [](const auto &tested) { return tested.param ? "OtherInFront" : "MainInFront"; });
 
 TEST_F(ClosingTheProgram, AnErrorWhileSavingKeepsEverythingOpen)
 {
