@@ -15,6 +15,8 @@ namespace {
 void connectCommand(QAction &action, const CommandBars::Command &command)
 {
     action.setEnabled(bool(command));
+    // Tells an entry that is disabled for now from one that has no command.
+    action.setData(command ? QVariant(true) : QVariant());
     if (command)
         QObject::connect(&action, &QAction::triggered, &action, command);
 }
@@ -31,6 +33,23 @@ void CommandBars::setMenuVisible(QLatin1String name, bool isVisible)
 {
     if (QAction *action = m_menuActions.value(name))
         action->setVisible(isVisible);
+}
+
+void CommandBars::setMenuEnabled(QLatin1String name, bool isEnabled)
+{
+    QAction *action = m_menuActions.value(name);
+    if (action && !action->data().isNull())
+        action->setEnabled(isEnabled);
+}
+
+void CommandBars::showItemMenu(const QPoint &position)
+{
+    QMenu menu;
+    menu.setObjectName(QStringLiteral("mnuContext"));
+    menu.addActions(m_menuActions.value(QStringLiteral("mnuEdit"))->menu()->actions());
+    menu.addSeparator();
+    menu.addActions(m_menuActions.value(QStringLiteral("mnuItem"))->menu()->actions());
+    menu.exec(position);
 }
 
 void CommandBars::setToolButtonEnabled(QLatin1String key, bool isEnabled)

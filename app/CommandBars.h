@@ -7,6 +7,7 @@
 
 class QAction;
 class QMainWindow;
+class QPoint;
 
 /// The menus and the toolbar of the main window, made from the tables of app/MainMenu.h.
 class CommandBars final
@@ -19,6 +20,12 @@ public:
 
     /// Shows or hides a menu or a menu entry; a name that is not there is passed over.
     void setMenuVisible(QLatin1String name, bool isVisible);
+
+    /// Enables or disables a menu entry, unless it has no command.
+    void setMenuEnabled(QLatin1String name, bool isEnabled);
+
+    /// Opens the entries of the Edit and Item menus as a menu of their own. @param position on the screen
+    void showItemMenu(const QPoint &position);
 
     /// Enables or disables a toolbar button, unless it has no command.
     void setToolButtonEnabled(QLatin1String key, bool isEnabled);

@@ -21,6 +21,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMimeData>
+#include <QPrinter>
 #include <QScopeGuard>
 #include <QScreen>
 #include <QStatusBar>
@@ -194,6 +195,11 @@ void frmMain::setMenuVisible(QLatin1String name, bool isVisible)
     m_bars.setMenuVisible(name, isVisible);
 }
 
+void frmMain::setMenuEnabled(QLatin1String name, bool isEnabled)
+{
+    m_bars.setMenuEnabled(name, isEnabled);
+}
+
 void frmMain::setToolButtonEnabled(QLatin1String key, bool isEnabled)
 {
     m_bars.setToolButtonEnabled(key, isEnabled);
@@ -254,6 +260,18 @@ void frmMain::SaveAs()
     document.Form_Save_Data();
     keepPath.dismiss();
     document.setCaption(path);
+}
+
+QPrinter &frmMain::printer()
+{
+    if (!m_printer)
+        m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    return *m_printer;
+}
+
+void frmMain::showItemMenu(const QPoint &position)
+{
+    m_bars.showItemMenu(position);
 }
 
 void frmMain::Exit()

@@ -16,6 +16,7 @@ class FileAccess;
 class MainUtil;
 class Messages;
 class QMdiArea;
+class QPrinter;
 class UserSettings;
 struct ProgramPathForm;
 
@@ -62,6 +63,7 @@ private:
     [[nodiscard]] CommandBars::Command commandOf(QLatin1String entry);
 
     void setMenuVisible(QLatin1String name, bool isVisible) override;
+    void setMenuEnabled(QLatin1String name, bool isEnabled) override;
     void setToolButtonEnabled(QLatin1String key, bool isEnabled) override;
     [[nodiscard]] QString statusText() const override;
     void setStatusText(const QString &text) override;
@@ -71,6 +73,8 @@ private:
     void Close();
     void Save();
     void SaveAs() override;
+    [[nodiscard]] QPrinter &printer() override;
+    void showItemMenu(const QPoint &position) override;
     void Exit();
     void ChangeFont();
 
@@ -90,6 +94,8 @@ private:
     std::unique_ptr<MainUtil> m_util;
     CommandBars m_bars;
     CommonDialog m_dialog;
+    /// Made when it is asked for: looking for printers takes time.
+    std::unique_ptr<QPrinter> m_printer;
 
     std::vector<ConfigForm *> m_documents;
     ConfigForm *m_activeDocument = nullptr;
