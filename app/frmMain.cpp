@@ -312,7 +312,8 @@ void frmMain::checkAssociation(const ProgramPathForm &programPath)
 
 ConfigForm &frmMain::createDocument()
 {
-    auto *document = new ConfigForm(m_services.files, m_services.messages, *this);
+    auto *document =
+        new ConfigForm({m_services.files, m_services.messages, *this, m_services.editors, m_services.preferences});
     auto *window = new QMdiSubWindow;
     window->setObjectName(QStringLiteral("DocumentWindow"));
     window->setAttribute(Qt::WA_DeleteOnClose);

@@ -12,6 +12,8 @@
 
 class AssociationCheck;
 class ConfigForm;
+class DocumentPreferences;
+class EditorFactory;
 class FileAccess;
 class MainUtil;
 class Messages;
@@ -33,6 +35,8 @@ public:
         UserSettings &userSettings;
         Messages &messages;
         AssociationCheck &associations;
+        EditorFactory &editors;
+        const DocumentPreferences &preferences;
     };
 
     /// Places the window as it stood last time and, unless "IgnoreAssoc" is set, has the association of configuration

@@ -3,73 +3,65 @@
 #include "config/ConfigLine.h"
 #include "config/ConfigListView.h"
 #include "config/DocumentShell.h"
+#include "config/EditorFactory.h"
 #include "config/FormOwner.h"
+#include "config/ItemEditor.h"
 #include "config/ItemKind.h"
+#include "config/KindList.h"
 #include "config/OverrideCursor.h"
+#include "config/RowClipboard.h"
+#include "platform/ByteText.h"
 #include "platform/Messages.h"
-#include "settings/Icons.h"
+#include "platform/RuntimeError.h"
+#include "settings/DocumentPreferences.h"
 #include "settings/RunReported.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
-#include <QComboBox>
 #include <QCoreApplication>
 #include <QFontDialog>
-#include <QHBoxLayout>
-#include <QLabel>
+#include <QPrinter>
 #include <QPushButton>
+#include <QTextEdit>
 
-#include <array>
+#include <algorithm>
 
 namespace {
 
 constexpr int progressInterval = 100;
 
-/// What of the main window belongs to the active document: a name and whether it is shown or enabled while a document
-/// is active. Everything that is shown or enabled here is taken back when the document is left, apart from the entries
-/// of the Edit menu, which go with the menu.
-struct ShellState
-{
-    QLatin1String name;
-    bool isOn;
-};
-
-// clang-format off
-constexpr std::array<ShellState, 9> menusWhenActive {{
-    {QLatin1String("mnuItem"),             true},
-    {QLatin1String("mnuFilePrint"),        true},
-    {QLatin1String("mnuEdit"),             true},
-    {QLatin1String("mnuEditUndo"),         true},
-    {QLatin1String("mnuEditBar0"),         true},
-    {QLatin1String("mnuEditCopy"),         true},
-    {QLatin1String("mnuEditCut"),          true},
-    {QLatin1String("mnuEditPaste"),        true},
-    {QLatin1String("mnuEditPasteSpecial"), false},
-}};
-
-constexpr std::array<QLatin1String, 5> menusHiddenWhenLeft {
-    QLatin1String("mnuItem"), QLatin1String("mnuFilePrint"),
-    QLatin1String("mnuEdit"), QLatin1String("mnuEditUndo"), QLatin1String("mnuEditBar0"),
-};
-
-constexpr std::array<QLatin1String, 4> documentButtons {
-    QLatin1String("Print"), QLatin1String("Copy"), QLatin1String("Cut"), QLatin1String("Paste"),
-};
-// clang-format on
+/// The default editor that edits every item as a line of text.
+constexpr qint16 editAsLine = 1;
 
 } // namespace
 
-ConfigForm::ConfigForm(FileAccess &files, Messages &messages, DocumentShell &shell, QWidget *parent)
+ConfigForm::ConfigForm(const Services &services, QWidget *parent)
     : QWidget(parent)
-    , m_messages(messages)
-    , m_shell(shell)
-    , m_file(files, shell)
+    , m_services(services)
+    , m_file(services.files, services.shell)
+    , m_presence(services.shell)
+    , m_changes(m_rows)
+    , m_commands(m_rows, m_changes)
+    , m_ui(*this)
 {
     setObjectName(QStringLiteral("ConfigForm"));
     setAttribute(Qt::WA_DeleteOnClose);
-    createControls();
-    layOutControls();
-    setFocusProxy(m_list);
+    m_ui.list->setModel(&m_rows);
+    for (const ItemKindRow &row : itemKinds)
+        m_ui.newItemList->setKindEnabled(row.kind, m_services.editors.hasEditor(row.kind));
+    // Without rights to the settings it starts unchecked.
+    try {
+        m_ui.remoteConnectFlag->setChecked(m_services.preferences.remote() != 0);
+    } catch (const RuntimeError &) {
+        m_ui.remoteConnectFlag->setChecked(false);
+    }
+    connectControls();
+    setFocusProxy(m_ui.list);
+}
+
+ConfigForm::~ConfigForm()
+{
+    m_services.editors.closeEditorsOf(*this);
 }
 
 void ConfigForm::Form_Load_Data(qint16 mode, qint16 &result)
@@ -78,11 +70,12 @@ void ConfigForm::Form_Load_Data(qint16 mode, qint16 &result)
     const QStringList lines = m_file.GetFile();
     for (qsizetype count = progressInterval; count <= lines.size(); count += progressInterval) {
         // What the status line shows while a file is loaded, and how it looks afterwards.
-        m_shell.setStatusText(QStringLiteral("Line%1").arg(count));
+        m_services.shell.setStatusText(QStringLiteral("Line%1").arg(count));
         // The user's own input waits until the rows are there: a document must not be closed while it is being loaded.
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     }
     m_rows.setRows(lines);
+    m_changes.forget();
     m_acceptMode = mode;
     setChanged(mode);
     measureRows();
@@ -110,24 +103,170 @@ void ConfigForm::ParseLine(const QString &line, QString &prefix, QString &object
     parseLine(line, ParseRule::Document, prefix, object, flags);
 }
 
+void ConfigForm::ItemAddFile(const QString &object, const QString &prefix, const QString &flags)
+{
+    change([&](const RowSelection &selection) {
+        const FlagsSpace space = selection.current >= 0 ? FlagsSpace::Yes : FlagsSpace::No;
+        return m_commands.insertLine(assembleLine(object, prefix, flags, space), selection);
+    });
+}
+
+void ConfigForm::ItemChangeFile(const QString &object, const QString &prefix, const QString &flags, qint16 row)
+{
+    if (row < 0 || row >= m_rows.rowCount())
+        throw RuntimeError(RuntimeError::InvalidCall, {}, tr("The line that was edited is not there any more."));
+    change([&](const RowSelection &selection) {
+        m_changes.replace(assembleLine(object, prefix, flags, FlagsSpace::Yes), row);
+        return selection;
+    });
+}
+
+void ConfigForm::AddNew(const QString &name)
+{
+    const auto *row = std::find_if(itemKinds.begin(), itemKinds.end(),
+                                   [&name](const ItemKindRow &each) { return each.displayName == name; });
+    if (row != itemKinds.end())
+        addItem(row->kind);
+}
+
+// clang-format off
+void ConfigForm::Add_File()  { addItem(ItemKind::File); }
+void ConfigForm::Add_Reg()   { addItem(ItemKind::Registry); }
+void ConfigForm::Add_Other() { addItem(ItemKind::Other); }
+void ConfigForm::Add_Misc()  { addItem(ItemKind::Line); }
+
+void ConfigForm::Edit_File(qint16 row)   { editItem(ItemKind::File, row); }
+void ConfigForm::Edit_Reg(qint16 row)    { editItem(ItemKind::Registry, row); }
+void ConfigForm::Edit_User(qint16 row)   { editItem(ItemKind::User, row); }
+void ConfigForm::Edit_Group(qint16 row)  { editItem(ItemKind::Group, row); }
+void ConfigForm::Edit_LDAP(qint16 row)   { editItem(ItemKind::DirectoryService, row); }
+void ConfigForm::Edit_Right(qint16 row)  { editItem(ItemKind::UserRight, row); }
+void ConfigForm::Edit_Policy(qint16 row) { editItem(ItemKind::AccountPolicy, row); }
+void ConfigForm::Edit_Audit(qint16 row)  { editItem(ItemKind::AuditPolicy, row); }
+void ConfigForm::Edit_Other(qint16 row)  { editItem(ItemKind::Other, row); }
+void ConfigForm::Edit_Misc(qint16 row)   { editItem(ItemKind::Line, row); }
+// clang-format on
+
+void ConfigForm::Edit_Template(ItemEditor &editor, qint16 row)
+{
+    const int edited = row == -1 ? m_ui.list->listIndex() : row;
+    if (edited < 0 || edited >= m_rows.rowCount())
+        return;
+    prepareEditor(editor);
+    editor.setWindowAddFlag(false);
+    editor.setOKButtonCaption(QStringLiteral("Apply"));
+    editor.setWindowAddItem(static_cast<qint16>(edited));
+    editor.Show();
+    editor.SetItem(m_rows.at(edited));
+}
+
+void ConfigForm::editCurrentRow()
+{
+    if (!requireCurrentRow())
+        return;
+    const bool isLine = m_services.preferences.Edit() == editAsLine;
+    editItem(isLine ? ItemKind::Line : itemKindOf(m_rows.at(m_ui.list->listIndex())), -1);
+}
+
+void ConfigForm::Remove_Other()
+{
+    if (!requireCurrentRow() || m_ui.list->rowSelection().rows.empty())
+        return;
+    change([this](const RowSelection &selection) { return m_commands.removeSelected(selection); });
+}
+
+void ConfigForm::moveUp()
+{
+    move(&RowCommands::moveUp, m_commands.mayMoveUp(m_ui.list->rowSelection()),
+         QStringLiteral("Cannot shift up first row."));
+}
+
+void ConfigForm::moveDown()
+{
+    move(&RowCommands::moveDown, m_commands.mayMoveDown(m_ui.list->rowSelection()),
+         QStringLiteral("Cannot shift down last row."));
+}
+
+void ConfigForm::mnuItemTextComment_Click()
+{
+    if (m_ui.list->rowSelection().rows.empty())
+        return;
+    change([this](const RowSelection &selection) {
+        m_commands.toggleComments(selection);
+        return selection;
+    });
+}
+
+void ConfigForm::mnuEditUndo_Click()
+{
+    if (!m_changes.canUndo()) {
+        m_services.messages.show(QStringLiteral("Cannot undo"));
+        return;
+    }
+    change([this](const RowSelection &selection) {
+        const int current = m_changes.undo(selection.current);
+        return current < 0 ? RowSelection() : RowSelection{{current}, current};
+    });
+    m_presence.setUndoEnabled(m_changes.canUndo());
+}
+
+QString ConfigForm::GetSelection() const
+{
+    return m_commands.selectedText(m_ui.list->rowSelection());
+}
+
+void ConfigForm::mnuEditCopy_Click()
+{
+    // Nothing is selected: the clipboard keeps what it has.
+    if (!m_ui.list->rowSelection().rows.empty())
+        RowClipboard::put(GetSelection());
+}
+
+void ConfigForm::mnuEditCut_Click()
+{
+    mnuEditCopy_Click();
+    Remove_Other();
+}
+
+void ConfigForm::mnuEditPaste_Click()
+{
+    const QString text = RowClipboard::text();
+    if (text.isEmpty())
+        return;
+    change([&](const RowSelection &selection) { return m_commands.insertUnrecorded(rowsOfText(text), selection); });
+}
+
+void ConfigForm::PrintOut()
+{
+    const OverrideCursor cursor(Qt::WaitCursor);
+    if (!m_printBox) {
+        m_printBox = new QTextEdit(this);
+        m_printBox->setObjectName(QStringLiteral("PrintBox"));
+        m_printBox->hide();
+    }
+    m_printBox->setFontFamily(QStringLiteral("Courier"));
+    m_printBox->setPlainText(shownText(m_rows.rows().join(QStringLiteral("\r\n"))));
+    m_printBox->print(&m_services.shell.printer());
+}
+
 void ConfigForm::ChangeFont()
 {
-    QFontDialog dialog(m_list->font(), this);
+    QFontDialog dialog(m_ui.list->font(), this);
     dialog.setObjectName(QStringLiteral("FontDialog"));
     if (dialog.exec() == QDialog::Accepted)
-        m_list->setRowFont(dialog.selectedFont());
+        m_ui.list->setRowFont(dialog.selectedFont());
 }
 
 void ConfigForm::setgHost(const QString &request)
 {
     m_host = m_file.GetRemote(request);
-    m_remoteConnectFlag->setVisible(!m_host.isEmpty());
-    m_remoteConnectFlag->setEnabled(!m_host.isEmpty());
+    m_ui.remoteConnectFlag->setVisible(!m_host.isEmpty());
+    m_ui.remoteConnectFlag->setEnabled(!m_host.isEmpty());
 }
 
 bool ConfigForm::isRemoteConnectRequested() const
 {
-    return m_remoteConnectFlag->isEnabled() && m_remoteConnectFlag->isChecked() && !m_host.isEmpty();
+    return m_ui.remoteConnectFlag->isEnabled() && m_ui.remoteConnectFlag->isChecked() && !m_host.isEmpty();
 }
 
 void ConfigForm::setChanged(qint16 changed)
@@ -149,39 +288,13 @@ void ConfigForm::setOwner(FormOwner *owner, qint16 refresh)
     m_refreshOwner = refresh;
 }
 
-void ConfigForm::activateDocument()
-{
-    if (m_isActive)
-        return;
-    m_isActive = true;
-    for (const ShellState &menu : menusWhenActive)
-        m_shell.setMenuVisible(menu.name, menu.isOn);
-    for (const QLatin1String key : documentButtons)
-        m_shell.setToolButtonEnabled(key, true);
-    m_savedMainStatus = m_shell.statusText();
-    m_shell.setStatusText(m_ownStatus);
-}
-
-void ConfigForm::deactivateDocument()
-{
-    if (!m_isActive)
-        return;
-    m_isActive = false;
-    for (const QLatin1String name : menusHiddenWhenLeft)
-        m_shell.setMenuVisible(name, false);
-    for (const QLatin1String key : documentButtons)
-        m_shell.setToolButtonEnabled(key, false);
-    m_ownStatus = m_shell.statusText();
-    m_shell.setStatusText(m_savedMainStatus);
-}
-
 bool ConfigForm::queryClose()
 {
     if (m_isCloseAgreed)
         return true;
     if (m_changed != 0) {
-        switch (m_messages.ask(QStringLiteral("The configuration has changed. Save changes before closing?"),
-                               Messages::Buttons::YesNoCancel)) {
+        switch (m_services.messages.ask(QStringLiteral("The configuration has changed. Save changes before closing?"),
+                                        Messages::Buttons::YesNoCancel)) {
         case Messages::Answer::Yes:
             Form_Save_Data();
             break;
@@ -202,102 +315,100 @@ void ConfigForm::closeEvent(QCloseEvent *event)
     // Refused until everything has gone well: an error while saving must not close the window.
     event->ignore();
     bool isAgreed = false;
-    runReported(m_messages, [&] { isAgreed = queryClose(); });
+    runReported(m_services.messages, [&] { isAgreed = queryClose(); });
     if (!isAgreed)
         return;
-    deactivateDocument();
+    m_presence.leave();
     emit closing();
     event->accept();
 }
 
-void ConfigForm::createControls()
+void ConfigForm::connectControls()
 {
-    m_list = new ConfigListView(this);
-    m_list->setObjectName(QStringLiteral("ConfigList"));
-    m_list->setAccessibleName(tr("Configuration lines"));
-    m_list->setModel(&m_rows);
-    connect(m_list, &ConfigListView::rowFontChanged, this, &ConfigForm::measureRows);
-    connect(m_list, &QListView::clicked, this, &ConfigForm::showRowIndicator);
-    connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this, &ConfigForm::showRowIndicator);
-
-    m_newItemList = new QComboBox(this);
-    m_newItemList->setObjectName(QStringLiteral("NewItemList"));
-    for (const ItemKindRow &row : itemKinds)
-        m_newItemList->addItem(row.displayName);
-    m_newItemList->setMaxVisibleItems(m_newItemList->count());
-    m_newItemList->setCurrentIndex(-1);
-    m_newItemList->setToolTip(QStringLiteral("Select one of the following to add items of the selected type"));
-    m_newItemList->setEnabled(false);
-
-    m_remoteConnectFlag = new QCheckBox(tr("Remote connec&tion"), this);
-    m_remoteConnectFlag->setObjectName(QStringLiteral("RemoteConnectFlag"));
-    m_remoteConnectFlag->setEnabled(false);
-    m_remoteConnectFlag->hide();
-}
-
-void ConfigForm::layOutControls()
-{
-    auto *newItemLabel = new QLabel(tr("&Add item:"), this);
-    newItemLabel->setObjectName(QStringLiteral("lblNewItemList"));
-    newItemLabel->setBuddy(m_newItemList);
-
-    auto *remove =
-        createButton(QLatin1String("RemoveButton"), tr("&Remove"),
-                     QStringLiteral("Remove the selected item from the configuration"), QLatin1String("edit-delete"));
-    auto *edit = createButton(QLatin1String("EditButton"), tr("E&dit"),
-                              QStringLiteral("Edit the selected item. You can also double-click on an item to edit it"),
-                              QLatin1String("edit"));
-    auto *moveUp = createButton(QLatin1String("MoveUpButton"), tr("Move &up"), tr("Move the selected items up"),
-                                QLatin1String("go-up"));
-    auto *moveDown = createButton(QLatin1String("MoveDownButton"), tr("Move dow&n"), tr("Move the selected items down"),
-                                  QLatin1String("go-down"));
-    auto *apply = createButton(QLatin1String("ApplyButton"), tr("Appl&y"),
-                               QStringLiteral("Save changes the the database"), QLatin1String("document-save"));
-    auto *close =
-        createButton(QLatin1String("CloseButton"), tr("&Close"),
-                     QStringLiteral("Close configuration without saving changes"), QLatin1String("window-close"));
-    for (QPushButton *withoutCommand : {remove, edit, moveUp, moveDown})
-        withoutCommand->setEnabled(false);
-    connect(apply, &QPushButton::clicked, this, [this] { runReported(m_messages, [this] { Form_Save_Data(); }); });
-    connect(close, &QPushButton::clicked, this, &ConfigForm::closeRequested);
-
-    auto *column = new QVBoxLayout;
-    column->addWidget(newItemLabel);
-    column->addWidget(m_newItemList);
-    column->addSpacing(6);
-    QWidget *previous = m_newItemList;
-    for (QWidget *next :
-         std::initializer_list<QWidget *>{edit, remove, moveUp, moveDown, m_remoteConnectFlag, apply, close}) {
-        if (next == apply)
-            column->addStretch();
-        column->addWidget(next);
-        setTabOrder(previous, next);
-        previous = next;
-    }
-
-    auto *layout = new QHBoxLayout(this);
-    layout->addWidget(m_list, 1);
-    layout->addLayout(column);
-}
-
-QPushButton *ConfigForm::createButton(QLatin1String name, const QString &caption, const QString &toolTip,
-                                      QLatin1String icon)
-{
-    auto *button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    button->setToolTip(toolTip);
-    button->setIcon(themedIcon(icon));
-    button->setAutoDefault(false);
-    return button;
+    const auto run = [this](void (ConfigForm::*command)()) {
+        return [this, command] { runReported(m_services.messages, [&] { (this->*command)(); }); };
+    };
+    connect(m_ui.list, &ConfigListView::rowFontChanged, this, &ConfigForm::measureRows);
+    connect(m_ui.list, &QListView::clicked, this, &ConfigForm::showRowIndicator);
+    connect(m_ui.list, &QListView::doubleClicked, this, run(&ConfigForm::editCurrentRow));
+    connect(m_ui.list, &ConfigListView::editRequested, this, run(&ConfigForm::editCurrentRow));
+    connect(m_ui.list, &ConfigListView::removeRequested, this, run(&ConfigForm::Remove_Other));
+    connect(m_ui.list, &ConfigListView::menuRequested, this,
+            [this](const QPoint &position) { m_services.shell.showItemMenu(position); });
+    connect(m_ui.list->selectionModel(), &QItemSelectionModel::currentChanged, this, &ConfigForm::showRowIndicator);
+    connect(m_ui.newItemList, &KindList::chosen, this,
+            [this](const QString &name) { runReported(m_services.messages, [&] { AddNew(name); }); });
+    connect(m_ui.edit, &QPushButton::clicked, this, run(&ConfigForm::editCurrentRow));
+    connect(m_ui.remove, &QPushButton::clicked, this, run(&ConfigForm::Remove_Other));
+    connect(m_ui.moveUp, &QPushButton::clicked, this, run(&ConfigForm::moveUp));
+    connect(m_ui.moveDown, &QPushButton::clicked, this, run(&ConfigForm::moveDown));
+    connect(m_ui.apply, &QPushButton::clicked, this, run(&ConfigForm::Form_Save_Data));
+    connect(m_ui.close, &QPushButton::clicked, this, &ConfigForm::closeRequested);
 }
 
 void ConfigForm::measureRows()
 {
-    m_list->setHorizontalExtent(m_list->widestRow(m_rows.rows()));
+    m_ui.list->setHorizontalExtent(m_ui.list->widestRow(m_rows.rows()));
 }
 
 void ConfigForm::showRowIndicator()
 {
-    if (m_list->listIndex() >= 0)
-        m_shell.setStatusText(QStringLiteral("Line %1/%2").arg(m_list->listIndex() + 1).arg(m_rows.rowCount()));
+    if (m_ui.list->listIndex() >= 0)
+        m_presence.showStatus(QStringLiteral("Line %1/%2").arg(m_ui.list->listIndex() + 1).arg(m_rows.rowCount()));
+}
+
+void ConfigForm::addItem(ItemKind kind)
+{
+    if (!m_services.editors.hasEditor(kind))
+        return;
+    ItemEditor &editor = m_services.editors.newEditor(kind);
+    prepareEditor(editor);
+    editor.setWindowAddFlag(true);
+    editor.setOKButtonCaption(QStringLiteral("Add"));
+    editor.SetDefaultItem();
+    editor.Show();
+}
+
+void ConfigForm::editItem(ItemKind kind, qint16 row)
+{
+    if ((row == -1 && !requireCurrentRow()) || !m_services.editors.hasEditor(kind))
+        return;
+    Edit_Template(m_services.editors.sharedEditor(kind), row);
+}
+
+void ConfigForm::prepareEditor(ItemEditor &editor)
+{
+    editor.setWindowToAffect(*this);
+    editor.setHost(m_host);
+    editor.setRemoteFlag(isRemoteConnectRequested());
+}
+
+bool ConfigForm::requireCurrentRow()
+{
+    if (m_ui.list->listIndex() >= 0)
+        return true;
+    m_services.messages.show(QStringLiteral("No item selected"), Messages::Icon::None, QStringLiteral("Error"));
+    return false;
+}
+
+void ConfigForm::change(const std::function<RowSelection(const RowSelection &)> &command)
+{
+    const RowSelection selection = command(m_ui.list->rowSelection());
+    m_ui.list->setRowSelection(selection);
+    setChanged(-1);
+    if (m_changes.canUndo())
+        m_presence.setUndoEnabled(true);
+    measureRows();
+    showRowIndicator();
+}
+
+void ConfigForm::move(RowSelection (RowCommands::*command)(const RowSelection &), bool mayMove, const QString &refusal)
+{
+    if (!mayMove) {
+        m_services.messages.show(refusal);
+        return;
+    }
+    if (m_ui.list->rowSelection().rows.empty())
+        return;
+    change([this, command](const RowSelection &selection) { return (m_commands.*command)(selection); });
 }

@@ -1,29 +1,48 @@
 #pragma once
 
 #include "config/ConfigFile.h"
+#include "config/ConfigFormUi.h"
 #include "config/ConfigParse.h"
+#include "config/ItemDocument.h"
+#include "config/RowChanges.h"
+#include "config/RowCommands.h"
 #include "config/RowList.h"
+#include "config/ShellPresence.h"
 
 #include <QWidget>
 
-class ConfigListView;
+#include <functional>
+
+class DocumentPreferences;
 class DocumentShell;
+class EditorFactory;
 class FileAccess;
 class FormOwner;
+class ItemEditor;
 class Messages;
-class QCheckBox;
-class QComboBox;
-class QPushButton;
+class QTextEdit;
+enum class ItemKind : int;
 
 /// One open configuration: a document window that shows the file as a list, one row a line, in file order. While it is
 /// the active document it switches on the menus and buttons of the main window that belong to documents, and shows its
 /// own status line.
-class ConfigForm final : public QWidget
+class ConfigForm final : public QWidget, public ItemDocument
 {
     Q_OBJECT
 
 public:
-    ConfigForm(FileAccess &files, Messages &messages, DocumentShell &shell, QWidget *parent = nullptr);
+    /// What a document uses and somebody else owns.
+    struct Services
+    {
+        FileAccess &files;
+        Messages &messages;
+        DocumentShell &shell;
+        EditorFactory &editors;
+        const DocumentPreferences &preferences;
+    };
+
+    explicit ConfigForm(const Services &services, QWidget *parent = nullptr);
+    ~ConfigForm() override;
 
     /// Loads the rows from the file. When that fails, the document stays as it was.
     /// @param mode becomes AcceptMode and the changed flag; 0 leaves the document unchanged
@@ -38,7 +57,64 @@ public:
     void Reload();
 
     /// As parseLine() with ParseRule::Document.
-    void ParseLine(const QString &line, QString &prefix, QString &object, QString &flags) const;
+    void ParseLine(const QString &line, QString &prefix, QString &object, QString &flags) const override;
+
+    void ItemAddFile(const QString &object, const QString &prefix, const QString &flags) override;
+    void ItemChangeFile(const QString &object, const QString &prefix, const QString &flags, qint16 row) override;
+
+    /// Opens the editor for a new item. @param name the display name of its kind, exactly; any other does nothing
+    void AddNew(const QString &name);
+    void Add_File();
+    void Add_Reg();
+    void Add_Other();
+    void Add_Misc();
+
+    /// Opens the editor of a kind for a row, whatever the row's own kind is.
+    /// @param row -1: the current row; when there is none, the user is told
+    void Edit_File(qint16 row = -1);
+    void Edit_Reg(qint16 row = -1);
+    void Edit_User(qint16 row = -1);
+    void Edit_Group(qint16 row = -1);
+    void Edit_LDAP(qint16 row = -1);
+    void Edit_Right(qint16 row = -1);
+    void Edit_Policy(qint16 row = -1);
+    void Edit_Audit(qint16 row = -1);
+    void Edit_Other(qint16 row = -1);
+    void Edit_Misc(qint16 row = -1);
+
+    /// Shows a row in an editor. @param row -1: the current row; when there is none, nothing happens
+    /// @throws RuntimeError as ItemEditor::SetItem() does
+    void Edit_Template(ItemEditor &editor, qint16 row);
+
+    /// The edit command: opens the current row in the editor for its kind, or as a line of text where that is the
+    /// default. @throws RuntimeError as Edit_Template() and DocumentPreferences::Edit() do
+    void editCurrentRow();
+
+    /// Removes the selected rows, in one undo step.
+    void Remove_Other();
+
+    /// Moves the selected rows by one, in one undo step.
+    void moveUp();
+    void moveDown();
+
+    /// Puts ";" in front of each selected row, or takes it away, in one undo step.
+    void mnuItemTextComment_Click();
+
+    /// Takes back the newest undo step. @throws RuntimeError Overflow when the rows that come back do not fit
+    void mnuEditUndo_Click();
+
+    /// The selected rows, joined with CR LF.
+    [[nodiscard]] QString GetSelection() const;
+
+    void mnuEditCopy_Click();
+    void mnuEditCut_Click();
+
+    /// Inserts the clipboard's text above the current row, or at the end when no row is current. It cannot be undone.
+    /// @throws RuntimeError Overflow when the rows do not fit; the document is as it was then
+    void mnuEditPaste_Click();
+
+    /// Prints all rows on the printer of the main window.
+    void PrintOut();
 
     /// Lets the user choose the list's font.
     void ChangeFont();
@@ -70,8 +146,8 @@ public:
     void setOwner(FormOwner *owner, qint16 refresh);
 
     /// The document becomes the active one, or stops being it.
-    void activateDocument();
-    void deactivateDocument();
+    void activateDocument() { m_presence.enter(); }
+    void deactivateDocument() { m_presence.leave(); }
 
     /// Asks about unsaved changes and tells the owner. Once it has returned true, closing asks no more.
     /// @return false when the window is to stay open
@@ -91,21 +167,28 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void createControls();
-    void layOutControls();
-    QPushButton *createButton(QLatin1String name, const QString &caption, const QString &toolTip, QLatin1String icon);
+    void connectControls();
     void measureRows();
     void showRowIndicator();
 
-    Messages &m_messages;
-    DocumentShell &m_shell;
+    void addItem(ItemKind kind);
+    void editItem(ItemKind kind, qint16 row);
+    void prepareEditor(ItemEditor &editor);
+    [[nodiscard]] bool requireCurrentRow();
+    void change(const std::function<RowSelection(const RowSelection &)> &command);
+    void move(RowSelection (RowCommands::*command)(const RowSelection &), bool mayMove, const QString &refusal);
+
+    Services m_services;
     ConfigFile m_file;
+    ShellPresence m_presence;
     ConfigParse m_parser;
     RowList m_rows;
+    RowChanges m_changes;
+    RowCommands m_commands;
 
-    ConfigListView *m_list = nullptr;
-    QComboBox *m_newItemList = nullptr;
-    QCheckBox *m_remoteConnectFlag = nullptr;
+    ConfigFormUi m_ui;
+    /// Made when something is printed.
+    QTextEdit *m_printBox = nullptr;
 
     QString m_caption;
     QString m_host;
@@ -113,8 +196,5 @@ private:
     qint16 m_refreshOwner = 0;
     qint16 m_changed = 0;
     qint16 m_acceptMode = 0;
-    QString m_savedMainStatus;
-    QString m_ownStatus;
-    bool m_isActive = false;
     bool m_isCloseAgreed = false;
 };

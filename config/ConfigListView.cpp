@@ -1,9 +1,14 @@
 #include "config/ConfigListView.h"
 
+#include "config/RowCommands.h"
 #include "config/RowDelegate.h"
 
+#include <QContextMenuEvent>
+#include <QItemSelection>
 #include <QKeyEvent>
 #include <QScrollBar>
+
+#include <algorithm>
 
 namespace {
 
@@ -29,6 +34,36 @@ void ConfigListView::setModel(QAbstractItemModel *model)
     QListView::setModel(model);
     connect(model, &QAbstractItemModel::modelReset, this, &ConfigListView::forgetCurrent);
     forgetCurrent();
+}
+
+RowSelection ConfigListView::rowSelection() const
+{
+    RowSelection result;
+    result.current = listIndex();
+    for (const QItemSelectionRange &range : selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            result.rows.push_back(row);
+    }
+    std::sort(result.rows.begin(), result.rows.end());
+    return result;
+}
+
+void ConfigListView::setRowSelection(const RowSelection &selection)
+{
+    QItemSelection ranges;
+    for (size_t first = 0; first < selection.rows.size();) {
+        size_t end = first + 1;
+        while (end < selection.rows.size() && selection.rows[end] == selection.rows[end - 1] + 1)
+            ++end;
+        ranges.append(
+            QItemSelectionRange(model()->index(selection.rows[first], 0), model()->index(selection.rows[end - 1], 0)));
+        first = end;
+    }
+    const QModelIndex current = model()->index(selection.current, 0);
+    selectionModel()->select(ranges, QItemSelectionModel::ClearAndSelect);
+    selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+    if (current.isValid())
+        scrollTo(current);
 }
 
 void ConfigListView::setHorizontalExtent(int pixels)
@@ -64,17 +99,43 @@ void ConfigListView::changeEvent(QEvent *event)
     emit rowFontChanged();
 }
 
+void ConfigListView::contextMenuEvent(QContextMenuEvent *event)
+{
+    const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QRect row = visualRect(currentIndex()).intersected(viewport()->rect());
+    emit menuRequested(isByKey ? viewport()->mapToGlobal(row.bottomLeft()) : event->globalPos());
+    event->accept();
+}
+
 void ConfigListView::keyPressEvent(QKeyEvent *event)
 {
-    // In a list of one column the view has no use for these keys, and long rows would be out of the keyboard's reach.
-    const bool isSideways = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
-    if (!isSideways || event->modifiers() & ~Qt::KeypadModifier) {
+    if (event->modifiers() & ~Qt::KeypadModifier) {
         QListView::keyPressEvent(event);
         return;
     }
-    const bool isLeft = event->key() == Qt::Key_Left;
-    horizontalScrollBar()->triggerAction(isLeft ? QAbstractSlider::SliderSingleStepSub
-                                                : QAbstractSlider::SliderSingleStepAdd);
+    switch (event->key()) {
+    case Qt::Key_Delete:
+        emit removeRequested();
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        emit editRequested();
+        break;
+    default:
+        if (!scrollSideways(event->key()))
+            QListView::keyPressEvent(event);
+        break;
+    }
+}
+
+bool ConfigListView::scrollSideways(int key)
+{
+    // In a list of one column the view has no use for these keys, and long rows would be out of the keyboard's reach.
+    if (key != Qt::Key_Left && key != Qt::Key_Right)
+        return false;
+    horizontalScrollBar()->triggerAction(key == Qt::Key_Left ? QAbstractSlider::SliderSingleStepSub
+                                                             : QAbstractSlider::SliderSingleStepAdd);
+    return true;
 }
 
 void ConfigListView::takeFont()

@@ -5,8 +5,10 @@
 #include "config/ConfigListView.h"
 #include "platform/Platform.h"
 #include "settings/AssociationCheck.h"
+#include "tests/support/FakeEditors.h"
 #include "tests/support/FakeFileAccess.h"
 #include "tests/support/FakeMessages.h"
+#include "tests/support/FakePreferences.h"
 #include "tests/support/FakeUserSettings.h"
 #include "tests/support/Gestures.h"
 
@@ -47,7 +49,8 @@ protected:
     /// Starts the program as main() does.
     void start(const QStringList &paths = {})
     {
-        window = std::make_unique<frmMain>(frmMain::Services{*files, settings, messages, associations}, programPath);
+        window = std::make_unique<frmMain>(
+            frmMain::Services{*files, settings, messages, associations, editors, preferences}, programPath);
         window->LoadAll(paths);
         showActive(*window);
         settle();
@@ -120,6 +123,8 @@ protected:
     FakeUserSettings settings;
     FakeAssociationCheck associations;
     FakeMessages messages;
+    FakeEditors editors;
+    FakePreferences preferences;
     const UseMessages use{messages};
     ProgramPathForm programPath{QStringLiteral("/"), QString()};
     std::unique_ptr<frmMain> window;

@@ -280,7 +280,8 @@ TEST_F(Structure, EveryControlOfADocumentIsReachedByTabInTheOrderOfTheLayout)
     start({"/a.zcf"});
     const QStringList round = tabRound(document(0));
     expectReachableByTab(document(0), round);
-    EXPECT_EQ(round, (QStringList{"ConfigList", "ApplyButton", "CloseButton"}));
+    EXPECT_EQ(round, (QStringList{"ConfigList", "NewItemList", "EditButton", "RemoveButton", "MoveUpButton",
+                                  "MoveDownButton", "ApplyButton", "CloseButton"}));
 }
 
 TEST_F(Structure, OnceEnabledEveryControlOfADocumentIsReachedToo)

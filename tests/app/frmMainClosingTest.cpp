@@ -144,7 +144,8 @@ class QuestionOrder : public ClosingTheProgram, public testing::WithParamInterfa
 TEST_P(QuestionOrder, IsOldestFirstAndEachDocumentIsTheActiveOneThen)
 {
     WatchingMessages watching([this] { return activeCaption(); });
-    window = std::make_unique<frmMain>(frmMain::Services{*files, settings, watching, associations}, programPath);
+    window = std::make_unique<frmMain>(
+        frmMain::Services{*files, settings, watching, associations, editors, preferences}, programPath);
     window->LoadAll({"/a.zcf", "/b.zcf", "/c.zcf"});
     showActive(*window);
     for (ConfigForm *each : window->documents())

@@ -3,8 +3,10 @@
 #include "config/ConfigListView.h"
 #include "config/FormOwner.h"
 #include "platform/RuntimeError.h"
+#include "tests/support/FakeEditors.h"
 #include "tests/support/FakeFileAccess.h"
 #include "tests/support/FakeMessages.h"
+#include "tests/support/FakePreferences.h"
 #include "tests/support/FakeShell.h"
 #include "tests/support/Gestures.h"
 #include "tests/support/Printers.h"
@@ -79,7 +81,9 @@ protected:
     FakeMessages messages;
     const UseMessages use{messages};
     FakeShell shell;
-    QPointer<ConfigForm> form = new ConfigForm(files, messages, shell);
+    FakeEditors editors;
+    FakePreferences preferences;
+    QPointer<ConfigForm> form = new ConfigForm({files, messages, shell, editors, preferences});
 };
 
 // Creating the window
@@ -107,14 +111,6 @@ TEST_F(Document, HasItsToolTips)
     EXPECT_EQ(toolTip("CloseButton"), "Close configuration without saving changes");
     EXPECT_FALSE(toolTip("MoveUpButton").isEmpty());
     EXPECT_FALSE(toolTip("MoveDownButton").isEmpty());
-}
-
-TEST_F(Document, AButtonWithoutItsCommandIsDisabled)
-{
-    for (const char *name : {"NewItemList", "RemoveButton", "EditButton", "MoveUpButton", "MoveDownButton"})
-        EXPECT_FALSE(control<QWidget>(*form, name)->isEnabled()) << name;
-    for (const char *name : {"ConfigList", "ApplyButton", "CloseButton"})
-        EXPECT_TRUE(control<QWidget>(*form, name)->isEnabled()) << name;
 }
 
 TEST_F(Document, StartsEmptyAndUnchanged)
@@ -372,6 +368,7 @@ TEST_F(Document, AFailedSaveAsKeepsTheChangedFlag)
 TEST_F(Document, ClickingTheThirdOfTenRowsShowsLine3Of10)
 {
     load(numberedLines(10));
+    form->activateDocument();
     showActive(*form);
     clickRow(list(), 2);
     EXPECT_EQ(shell.status, "Line 3/10");
@@ -380,6 +377,7 @@ TEST_F(Document, ClickingTheThirdOfTenRowsShowsLine3Of10)
 TEST_F(Document, ClickingTheCurrentRowAgainShowsItAgain)
 {
     load(numberedLines(10));
+    form->activateDocument();
     showActive(*form);
     clickRow(list(), 2);
     shell.setStatusText("something else");
@@ -390,6 +388,7 @@ TEST_F(Document, ClickingTheCurrentRowAgainShowsItAgain)
 TEST_F(Document, MovingWithTheKeyboardShowsTheRow)
 {
     load(numberedLines(10));
+    form->activateDocument();
     showActive(*form);
     list().setFocus();
     key(*form, Qt::Key_Down);
@@ -460,7 +459,7 @@ TEST_F(Document, ItsStatusIsKeptWhileItIsNotActive)
 
 TEST_F(Document, SwitchingBetweenTwoDocumentsRestoresEachOnesStatusLine)
 {
-    ConfigForm other(files, messages, shell);
+    ConfigForm other({files, messages, shell, editors, preferences});
     other.setAttribute(Qt::WA_DeleteOnClose, false);
     shell.setStatusText("main");
     form->activateDocument();

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QComboBox>
+
+enum class ItemKind : int;
+
+/// The drop-down list of the kinds of items that can be added. A kind is chosen from the opened list only: a key or the
+/// wheel over the closed list would open one editor after the other on its way.
+class KindList final : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    explicit KindList(QWidget *parent = nullptr);
+
+    /// A kind that is not available stays in the list but cannot be chosen.
+    void setKindEnabled(ItemKind kind, bool isEnabled);
+
+signals:
+    /// @param name the kind's display name
+    void chosen(const QString &name);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+};
