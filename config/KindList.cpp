@@ -4,6 +4,7 @@
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QStandardItemModel>
 #include <QWheelEvent>
 
@@ -35,6 +36,7 @@ KindList::KindList(QWidget *parent)
         addItem(row.displayName);
     setMaxVisibleItems(count());
     setCurrentIndex(-1);
+    view()->viewport()->installEventFilter(this);
     connect(this, &QComboBox::textActivated, this, &KindList::chosen);
 }
 
@@ -42,6 +44,15 @@ void KindList::setKindEnabled(ItemKind kind, bool isEnabled)
 {
     auto *items = qobject_cast<QStandardItemModel *>(model());
     items->item(findText(itemKindRow(kind).displayName))->setEnabled(isEnabled);
+}
+
+bool KindList::eventFilter(QObject *watched, QEvent *event)
+{
+    // The toolkit would take a click on a kind that is not available for one on the kind that is current.
+    if (watched != view()->viewport() || event->type() != QEvent::MouseButtonRelease)
+        return QComboBox::eventFilter(watched, event);
+    const QModelIndex index = view()->indexAt(static_cast<QMouseEvent *>(event)->position().toPoint());
+    return !(index.flags() & Qt::ItemIsEnabled);
 }
 
 void KindList::keyPressEvent(QKeyEvent *event)

@@ -1,17 +1,6 @@
-#include "config/ConfigForm.h"
-
-#include "config/ConfigListView.h"
 #include "config/FormOwner.h"
 #include "platform/RuntimeError.h"
-#include "tests/support/FakeEditors.h"
-#include "tests/support/FakeFileAccess.h"
-#include "tests/support/FakeMessages.h"
-#include "tests/support/FakePreferences.h"
-#include "tests/support/FakeShell.h"
-#include "tests/support/Gestures.h"
-#include "tests/support/Printers.h"
-
-#include <gtest/gtest.h>
+#include "tests/config/DocumentFixture.h"
 
 #include <QAbstractItemModelTester>
 #include <QCheckBox>
@@ -31,16 +20,8 @@
 
 namespace {
 
-const QString path = QStringLiteral("/configs/server.zcf");
+const QString path = documentPath;
 const QString question = QStringLiteral("The configuration has changed. Save changes before closing?");
-
-QByteArray numberedLines(int count)
-{
-    QByteArray bytes;
-    for (int i = 1; i <= count; ++i)
-        bytes += "line " + QByteArray::number(i) + "\r\n";
-    return bytes;
-}
 
 struct FakeOwner final : FormOwner
 {
@@ -53,37 +34,6 @@ struct FakeOwner final : FormOwner
 
     int loads = 0;
     std::function<void()> onLoad;
-};
-
-class Document : public testing::Test
-{
-protected:
-    Document() = default;
-    ~Document() override { delete form; }
-
-    void load(const QByteArray &bytes, qint16 mode = 0)
-    {
-        files.content[path] = bytes;
-        form->file().SetInfo(path);
-        qint16 result = 0;
-        form->Form_Load_Data(mode, result);
-        EXPECT_EQ(result, 1);
-    }
-
-    [[nodiscard]] ConfigListView &list() const { return *control<ConfigListView>(*form, "ConfigList"); }
-
-    [[nodiscard]] int extentOf(const QString &row) const
-    {
-        return int(std::ceil(QFontMetricsF(list().font()).horizontalAdvance("  " + row)));
-    }
-
-    FakeFileAccess files;
-    FakeMessages messages;
-    const UseMessages use{messages};
-    FakeShell shell;
-    FakeEditors editors;
-    FakePreferences preferences;
-    QPointer<ConfigForm> form = new ConfigForm({files, messages, shell, editors, preferences});
 };
 
 // Creating the window

@@ -7,6 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+
 namespace {
 
 TEST(RowListTest, TextEndsEveryRowWithCrLf)
@@ -46,6 +49,71 @@ TEST(RowListTest, RowBeyondTheLastIsNothing)
     list.setRows({"a"});
     EXPECT_FALSE(list.data(list.index(1), Qt::DisplayRole).isValid());
     EXPECT_EQ(list.rowCount(list.index(0)), 0);
+}
+
+TEST(RowListTest, RandomEditsDoWhatAPlainListDoes)
+{
+    Random random(43);
+    for (int round = 0; round < 200; ++round) {
+        RowList list;
+        const QAbstractItemModelTester tester(&list);
+        QStringList plain(random.number(0, 5), "x");
+        list.setRows(plain);
+        for (int step = 0; step < 30; ++step) {
+            const QString text = random.text({"a", "b", "c"}, 3);
+            const int count = int(plain.size());
+            if (count == 0 || random.chance(45)) {
+                const int row = random.number(0, count);
+                list.insert(row, {text, "next"});
+                plain.insert(row, text);
+                plain.insert(row + 1, "next");
+            } else if (random.chance(50)) {
+                const int row = random.number(0, count - 1);
+                list.remove(row);
+                plain.removeAt(row);
+            } else {
+                const int row = random.number(0, count - 1);
+                list.replace(row, text);
+                plain[row] = text;
+            }
+            ASSERT_EQ(list.rows(), plain);
+            ASSERT_EQ(list.rowCount(), plain.size());
+            for (int row = 0; row < plain.size(); ++row)
+                ASSERT_EQ(list.at(row), plain[row]);
+            ASSERT_EQ(list.text(), plain::textOf(plain));
+        }
+    }
+}
+
+TEST(RowListTest, FewChangesAreAnnouncedOneByOneAndManyAsOne)
+{
+    RowList list;
+    list.setRows(QStringList(200, "x"));
+    QSignalSpy removed(&list, &RowList::rowsRemoved);
+    QSignalSpy reset(&list, &RowList::modelReset);
+    {
+        const RowList::Bulk bulk(list, 2);
+        list.remove(9);
+        list.remove(3);
+    }
+    EXPECT_EQ(removed.size(), 2);
+    EXPECT_EQ(reset.size(), 0);
+    {
+        const RowList::Bulk bulk(list, 100);
+        for (int row = 99; row >= 0; --row)
+            list.remove(row);
+    }
+    EXPECT_EQ(removed.size(), 2);
+    EXPECT_EQ(reset.size(), 1);
+    EXPECT_EQ(list.rowCount(), 98);
+}
+
+TEST(RowListTest, InsertingNothingChangesNothing)
+{
+    RowList list;
+    QSignalSpy inserted(&list, &RowList::rowsInserted);
+    list.insert(0, {});
+    EXPECT_EQ(inserted.size(), 0);
 }
 
 TEST(RowListTest, HoldsThirtyTwoThousandSevenHundredAndSixtySevenRowsAndNotOneMore)
