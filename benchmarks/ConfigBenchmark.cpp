@@ -1,6 +1,6 @@
+#include "benchmarks/Surroundings.h"
 #include "config/ConfigFile.h"
 #include "config/ConfigLine.h"
-#include "config/DocumentShell.h"
 #include "config/LineReader.h"
 #include "config/RowList.h"
 #include "platform/ByteText.h"
@@ -10,31 +10,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include <array>
-
 namespace {
-
-/// Lines of every kind, no two next to each other alike.
-QStringList realisticLines(int count)
-{
-    QStringList lines;
-    lines.reserve(count);
-    for (int i = 0; i < count; ++i) {
-        const QString number = QString::number(i);
-        const std::array shapes{
-            QStringLiteral("C:\\Program Files\\Vendor\\Module%1\\library.dll $(A),EVT4101").arg(number),
-            QStringLiteral("=\"C:\\Program Files\\Vendor %1\" tcmvsniogpz12").arg(number),
-            QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\Vendor\\Key%1 $(RA),EVT4201,G2").arg(number),
-            QStringLiteral("; why the next lines stand here, number %1").arg(number),
-            QStringLiteral("NTUSER:user%1 ncCdjhspw,EVT4301").arg(number),
-            QStringLiteral("!!C:\\Windows\\Temp\\%1").arg(number),
-            QStringLiteral("LDAP://dc1.example.com/ou=%1,dc=example,dc=com??sub?(objectClass=user) 12,D64").arg(number),
-            QStringLiteral("#define MAILSUBJECT \"report %1\"").arg(number),
-        };
-        lines << shapes[size_t(i) % shapes.size()];
-    }
-    return lines;
-}
 
 QByteArray bytesOf(const QStringList &lines)
 {
@@ -42,16 +18,6 @@ QByteArray bytesOf(const QStringList &lines)
     rows.setRows(lines);
     return encodeText(rows.text());
 }
-
-class NoShell final : public DocumentShell
-{
-public:
-    void setMenuVisible(QLatin1String, bool) override {}
-    void setToolButtonEnabled(QLatin1String, bool) override {}
-    [[nodiscard]] QString statusText() const override { return {}; }
-    void setStatusText(const QString &) override {}
-    void SaveAs() override {}
-};
 
 /// A file of its own in a temporary folder, and the program's way to it.
 struct FileOnDisk
