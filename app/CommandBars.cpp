@@ -24,9 +24,21 @@ void connectCommand(QAction &action, const CommandBars::Command &command)
 } // namespace
 
 CommandBars::CommandBars(QMainWindow &window, const std::function<Command(QLatin1String)> &commandOf)
+    : m_window(window)
 {
-    createMenus(window, commandOf);
-    createToolBar(window, commandOf);
+    createMenus(commandOf);
+    createToolBar(commandOf);
+}
+
+void CommandBars::setCheckEntry(QLatin1String name, QWidget &bar)
+{
+    QAction *entry = m_menuActions.value(name);
+    entry->setChecked(!bar.isHidden());
+    entry->setEnabled(true);
+    QObject::connect(entry, &QAction::toggled, &bar, &QWidget::setVisible);
+    // The toolkit's own menu of bars hides one too.
+    if (auto *toolBar = qobject_cast<QToolBar *>(&bar))
+        QObject::connect(toolBar->toggleViewAction(), &QAction::triggered, entry, &QAction::setChecked);
 }
 
 void CommandBars::setMenuVisible(QLatin1String name, bool isVisible)
@@ -44,7 +56,7 @@ void CommandBars::setMenuEnabled(QLatin1String name, bool isEnabled)
 
 void CommandBars::showItemMenu(const QPoint &position)
 {
-    QMenu menu;
+    QMenu menu(&m_window);
     menu.setObjectName(QStringLiteral("mnuContext"));
     menu.addActions(m_menuActions.value(QStringLiteral("mnuEdit"))->menu()->actions());
     menu.addSeparator();
@@ -54,49 +66,58 @@ void CommandBars::showItemMenu(const QPoint &position)
 
 void CommandBars::setToolButtonEnabled(QLatin1String key, bool isEnabled)
 {
-    if (QAction *action = m_toolActions.value(key))
+    QAction *action = m_toolActions.value(key);
+    if (action && !action->data().isNull())
         action->setEnabled(isEnabled);
 }
 
-void CommandBars::createMenus(QMainWindow &window, const std::function<Command(QLatin1String)> &commandOf)
+void CommandBars::createMenus(const std::function<Command(QLatin1String)> &commandOf)
 {
-    window.menuBar()->setObjectName(QStringLiteral("mnuMenuBar"));
+    m_window.menuBar()->setObjectName(QStringLiteral("mnuMenuBar"));
     QHash<QString, QMenu *> menus;
-    for (const MenuEntry &entry : menuEntries) {
-        QMenu *parent = menus.value(entry.parent);
+    for (const MenuEntry &row : menuEntries) {
+        QMenu *parent = menus.value(row.parent);
         QAction *action = nullptr;
-        if (entry.isMenu) {
-            QMenu *menu = parent ? parent->addMenu(entry.caption) : window.menuBar()->addMenu(entry.caption);
-            menu->setObjectName(entry.name);
-            menus.insert(entry.name, menu);
+        if (row.type == MenuEntry::Menu) {
+            QMenu *menu = parent ? parent->addMenu(row.caption) : m_window.menuBar()->addMenu(row.caption);
+            menu->setObjectName(row.name);
+            menus.insert(row.name, menu);
             action = menu->menuAction();
-        } else if (entry.caption.isEmpty()) {
+        } else if (row.type == MenuEntry::Separator) {
             action = parent->addSeparator();
         } else {
-            action = parent->addAction(entry.caption);
-            if (!entry.icon.isEmpty())
-                action->setIcon(themedIcon(entry.icon));
-            action->setShortcuts(QKeySequence::listFromString(entry.shortcuts, QKeySequence::PortableText));
-            connectCommand(*action, commandOf(entry.name));
+            action = parent->addAction(row.caption);
+            action->setCheckable(row.type == MenuEntry::Check);
+            action->setVisible(!row.caption.isEmpty());
+            if (!row.icon.isEmpty())
+                action->setIcon(themedIcon(row.icon));
+            if (!row.shortcuts.isEmpty())
+                action->setShortcuts(QKeySequence::listFromString(row.shortcuts, QKeySequence::PortableText));
+            connectCommand(*action, commandOf(row.name));
         }
-        action->setObjectName(entry.name);
-        if (!entry.name.isEmpty())
-            m_menuActions.insert(entry.name, action);
+        action->setObjectName(row.name);
+        if (!row.name.isEmpty())
+            m_menuActions.insert(row.name, action);
     }
+    for (const QMenu *menu : menus)
+        menu->menuAction()->setEnabled(!menu->isEmpty());
 }
 
-void CommandBars::createToolBar(QMainWindow &window, const std::function<Command(QLatin1String)> &commandOf)
+void CommandBars::createToolBar(const std::function<Command(QLatin1String)> &commandOf)
 {
-    QToolBar *bar = window.addToolBar(QMainWindow::tr("Toolbar"));
-    bar->setObjectName(QStringLiteral("tbToolBar"));
-    bar->setMovable(false);
+    m_toolBar = m_window.addToolBar(QMainWindow::tr("Toolbar"));
+    m_toolBar->setObjectName(QStringLiteral("tbToolBar"));
+    m_toolBar->setMovable(false);
     for (const ToolButton &button : toolButtons) {
-        QAction *action = bar->addAction(themedIcon(button.icon), button.key);
+        if (button.key.isEmpty()) {
+            m_toolBar->addSeparator();
+            continue;
+        }
+        QAction *action = m_toolBar->addAction(themedIcon(button.icon), button.key);
         action->setObjectName(button.key);
-        action->setToolTip(button.toolTip);
+        action->setToolTip(button.key);
         connectCommand(*action, commandOf(button.command));
-        bar->widgetForAction(action)->setObjectName(button.key);
-        if (action->isEnabled())
-            m_toolActions.insert(button.key, action);
+        m_toolBar->widgetForAction(action)->setObjectName(button.key);
+        m_toolActions.insert(button.key, action);
     }
 }

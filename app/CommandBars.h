@@ -8,6 +8,8 @@
 class QAction;
 class QMainWindow;
 class QPoint;
+class QToolBar;
+class QWidget;
 
 /// The menus and the toolbar of the main window, made from the tables of app/MainMenu.h.
 class CommandBars final
@@ -15,8 +17,14 @@ class CommandBars final
 public:
     using Command = std::function<void()>;
 
-    /// @param commandOf the command behind a menu entry; nothing for an entry that has none, which stays disabled
+    /// @param commandOf the command behind a menu entry or a toolbar button; nothing for one that has none, which stays
+    /// disabled
     CommandBars(QMainWindow &window, const std::function<Command(QLatin1String entry)> &commandOf);
+
+    [[nodiscard]] QToolBar &toolBar() const { return *m_toolBar; }
+
+    /// Has a menu entry with a check mark show and hide a bar.
+    void setCheckEntry(QLatin1String name, QWidget &bar);
 
     /// Shows or hides a menu or a menu entry; a name that is not there is passed over.
     void setMenuVisible(QLatin1String name, bool isVisible);
@@ -31,9 +39,11 @@ public:
     void setToolButtonEnabled(QLatin1String key, bool isEnabled);
 
 private:
-    void createMenus(QMainWindow &window, const std::function<Command(QLatin1String)> &commandOf);
-    void createToolBar(QMainWindow &window, const std::function<Command(QLatin1String)> &commandOf);
+    void createMenus(const std::function<Command(QLatin1String)> &commandOf);
+    void createToolBar(const std::function<Command(QLatin1String)> &commandOf);
 
+    QMainWindow &m_window;
+    QToolBar *m_toolBar = nullptr;
     QHash<QString, QAction *> m_menuActions;
     QHash<QString, QAction *> m_toolActions;
 };

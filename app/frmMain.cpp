@@ -1,30 +1,32 @@
 #include "app/frmMain.h"
 
+#include "app/DocumentArea.h"
+#include "app/DocumentCommands.h"
 #include "app/MainUtil.h"
 #include "app/Placement.h"
+#include "app/TextFormat.h"
+#include "app/UnfinishedCommands.h"
 #include "config/ConfigForm.h"
+#include "config/EditorFactory.h"
+#include "config/GlobalSettingsEditor.h"
 #include "platform/FileAccess.h"
 #include "platform/Messages.h"
-#include "platform/Platform.h"
 #include "settings/AssociationCheck.h"
-#include "settings/Icons.h"
+#include "settings/Help.h"
 #include "settings/RunReported.h"
 
-#include <QAction>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDir>
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QMenu>
 #include <QMimeData>
-#include <QPrinter>
 #include <QScopeGuard>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTextEdit>
+#include <QToolBar>
 #include <QUrl>
 
 #include <algorithm>
@@ -33,16 +35,6 @@
 namespace {
 
 const QLatin1String untitledStart("Document");
-
-ConfigForm *documentIn(const QMdiSubWindow *window)
-{
-    return window ? qobject_cast<ConfigForm *>(window->widget()) : nullptr;
-}
-
-QMdiSubWindow *windowOf(const ConfigForm &document)
-{
-    return qobject_cast<QMdiSubWindow *>(document.parentWidget());
-}
 
 QStringList localFiles(const QMimeData &data)
 {
@@ -64,53 +56,71 @@ bool acceptAsCopy(QDropEvent &event)
     return true;
 }
 
-QIcon documentIcon(const ConfigForm &document)
+/// The row of a table of commands that is for that entry; nullptr when there is none.
+template<class Rows>
+auto rowOf(const Rows &rows, QLatin1String entry)
 {
-    return themedIcon(QLatin1String(document.changed() ? "document-modified" : "document"));
+    const auto *row = std::find_if(rows.begin(), rows.end(), [entry](const auto &each) { return each.entry == entry; });
+    return row == rows.end() ? nullptr : row;
 }
+
+struct AreaCommand
+{
+    QLatin1String entry;
+    void (DocumentArea::*run)();
+};
+
+// clang-format off
+constexpr std::array<AreaCommand, 7> areaCommands {{
+    {QLatin1String("mnuFileNew"),              &DocumentArea::newDocument},
+    {QLatin1String("mnuFileClose"),            &DocumentArea::closeActiveDocument},
+    {QLatin1String("mnuWindowNewWindow"),      &DocumentArea::newDocument},
+    {QLatin1String("mnuWindowCascade"),        &DocumentArea::cascade},
+    {QLatin1String("mnuWindowTileHorizontal"), &DocumentArea::tileOneAboveTheOther},
+    {QLatin1String("mnuWindowTileVertical"),   &DocumentArea::tileSideBySide},
+    {QLatin1String("mnuWindowArrangeIcons"),   &DocumentArea::arrangeIcons},
+}};
+// clang-format on
 
 } // namespace
 
+struct frmMain::OwnCommand
+{
+    QLatin1String entry;
+    void (frmMain::*run)();
+    /// Whether the program has what the command needs; nothing where it needs no more than the window.
+    bool (*isThere)(const Services &services) = nullptr;
+};
+
 frmMain::frmMain(const Services &services, const ProgramPathForm &programPath)
     : m_services(services)
-    , m_area(new QMdiArea(this))
+    , m_programPath(programPath)
+    , m_area(new DocumentArea({services.files, services.messages, *this, services.editors, services.preferences}, this))
     , m_util(std::make_unique<MainUtil>(*statusBar()))
     , m_bars(*this, [this](QLatin1String entry) { return commandOf(entry); })
     , m_dialog(services.files, services.messages, *this)
+    , m_printDialogs(services.messages, *this)
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QCoreApplication::applicationName());
     setAcceptDrops(true);
     statusBar()->setObjectName(QStringLiteral("sbStatusBar"));
-    m_area->setObjectName(QStringLiteral("DocumentArea"));
-    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    // When a document closes, the one that was in front before it comes back.
-    m_area->setActivationOrder(QMdiArea::ActivationHistoryOrder);
     setCentralWidget(m_area);
-    connect(m_area, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *window) {
-        // No window of the area is active either while another window of the program is in front; the document then
-        // stays the active one.
-        ConfigForm *document = documentIn(window);
-        if (document && document != m_activeDocument) {
-            setActiveDocument(document);
-            document->setFocus();
-        }
-    });
+    m_bars.setCheckEntry(QLatin1String("mnuViewToolbar"), m_bars.toolBar());
+    m_bars.setCheckEntry(QLatin1String("mnuViewStatusBar"), *statusBar());
 
     placeWindow();
     for (const char *menu : {"mnuItem", "mnuEdit", "mnuFilePrint"})
         setMenuVisible(QLatin1String(menu), false);
     for (const char *button : {"Print", "Copy", "Cut", "Paste"})
         setToolButtonEnabled(QLatin1String(button), false);
-    checkAssociation(programPath);
+    const QString ignore =
+        m_services.userSettings.GetSetting(QStringLiteral("Settings"), QStringLiteral("IgnoreAssoc"));
+    if (m_services.associations && ignore.toDouble() == 0)
+        checkAssociation();
 }
 
-frmMain::~frmMain()
-{
-    for (ConfigForm *document : m_documents)
-        document->disconnect(this);
-}
+frmMain::~frmMain() = default;
 
 void frmMain::Load(const QString &path)
 {
@@ -118,7 +128,7 @@ void frmMain::Load(const QString &path)
         m_services.messages.show(QStringLiteral("File %1 not found").arg(path), Messages::Icon::Exclamation);
         return;
     }
-    openDocument(path);
+    m_area->openDocument(path);
 }
 
 void frmMain::LoadAll(const QStringList &paths)
@@ -127,19 +137,26 @@ void frmMain::LoadAll(const QStringList &paths)
         runReported(m_services.messages, [&] { Load(path); });
 }
 
+ConfigForm *frmMain::activeDocument() const
+{
+    return m_area->activeDocument();
+}
+
+const std::vector<ConfigForm *> &frmMain::documents() const
+{
+    return m_area->documents();
+}
+
 void frmMain::closeEvent(QCloseEvent *event)
 {
     // Refused until everything has gone well: an error while saving must not close the window.
     event->ignore();
     bool isAgreed = false;
-    runReported(m_services.messages, [&] { isAgreed = queryCloseAll(); });
+    runReported(m_services.messages, [&] { isAgreed = m_area->queryCloseAll(); });
     if (!isAgreed)
         return;
-    const std::vector<ConfigForm *> agreed = m_documents;
-    for (const ConfigForm *document : agreed) {
-        if (!windowOf(*document)->close())
-            return;
-    }
+    if (!m_area->closeAll())
+        return;
     if (!isMinimized() && !storePlacement(m_services.userSettings, {pos(), size()}))
         m_services.messages.show(tr("The place of the window cannot be stored."), Messages::Icon::Exclamation);
     event->accept();
@@ -160,34 +177,62 @@ void frmMain::dropEvent(QDropEvent *event)
         this,
         [this, paths = localFiles(*event->mimeData())] {
             for (const QString &path : paths)
-                runReported(m_services.messages, [&] { openDocument(path); });
+                runReported(m_services.messages, [&] { m_area->openDocument(path); });
         },
         Qt::QueuedConnection);
 }
 
 CommandBars::Command frmMain::commandOf(QLatin1String entry)
 {
-    struct Row
-    {
-        QLatin1String entry;
-        void (frmMain::*run)();
-    };
+    const std::function<void()> operation = operationOf(entry);
+    if (!operation)
+        return {};
+    return [this, operation] { runReported(m_services.messages, operation); };
+}
+
+std::function<void()> frmMain::operationOf(QLatin1String entry)
+{
     // clang-format off
-    static constexpr std::array<Row, 7> commands {{
-        {QLatin1String("mnuFileNew"),    &frmMain::New},
-        {QLatin1String("mnuFileOpen"),   &frmMain::Open},
-        {QLatin1String("mnuFileClose"),  &frmMain::Close},
-        {QLatin1String("mnuFileSave"),   &frmMain::Save},
-        {QLatin1String("mnuFileSaveAs"), &frmMain::SaveAs},
-        {QLatin1String("mnuFileExit"),   &frmMain::Exit},
-        {QLatin1String("mnuWindowFont"), &frmMain::ChangeFont},
+    static constexpr std::array<OwnCommand, 12> ownCommands {{
+        {QLatin1String("mnuFileOpen"),            &frmMain::Open},
+        {QLatin1String("mnuFileSave"),            &frmMain::Save},
+        {QLatin1String("mnuFileSaveAs"),          &frmMain::SaveAs},
+        {QLatin1String("mnuFileAssoc"),           &frmMain::checkAssociation, [](const Services &services) { return services.associations != nullptr; }},
+        {QLatin1String("mnuFilePageSetup"),       &frmMain::PageSetup},
+        {QLatin1String("mnuFilePrint"),           &frmMain::Print},
+        {QLatin1String("mnuFileExit"),            &frmMain::Exit},
+        {QLatin1String("mnuItemWizard"),          &frmMain::RunConfWizard,    [](const Services &services) { return services.globalSettings != nullptr; }},
+        {QLatin1String("mnuViewOptions"),         &frmMain::ShowOptions,      [](const Services &services) { return bool(services.showOptions); }},
+        {QLatin1String("mnuHelpContents"),        &frmMain::HelpContents,     [](const Services &services) { return services.help != nullptr; }},
+        {QLatin1String("mnuHelpSearchForHelpOn"), &frmMain::SearchForHelp,    [](const Services &services) { return services.help != nullptr; }},
+        {QLatin1String("mnuHelpAbout"),           &frmMain::ShowAbout,        [](const Services &services) { return bool(services.showAbout); }},
     }};
     // clang-format on
-    const auto *row = std::find_if(commands.begin(), commands.end(),
-                                   [entry](const Row &candidate) { return candidate.entry == entry; });
-    if (row == commands.end())
-        return {};
-    return [this, run = row->run] { runReported(m_services.messages, [&] { (this->*run)(); }); };
+    if (const auto *own = rowOf(ownCommands, entry)) {
+        const bool isThere = !own->isThere || own->isThere(m_services);
+        return isThere ? std::bind(own->run, this) : std::function<void()>();
+    }
+    if (const auto *area = rowOf(areaCommands, entry))
+        return std::bind(area->run, m_area);
+    if (const auto *unfinished = rowOf(unfinishedCommands, entry))
+        return [this, text = QString(unfinished->text)] { m_services.messages.show(text); };
+    if (const DocumentCommand *forwarded = documentCommand(entry)) {
+        if (forwarded->kind && !m_services.editors.hasEditor(*forwarded->kind))
+            return {};
+        return [this, forwarded] {
+            if (activeDocument())
+                forwarded->run(*activeDocument());
+        };
+    }
+    if (const TextCommand format = textCommand(entry)) {
+        return [this, format] {
+            auto *text =
+                activeDocument() ? activeDocument()->findChild<QTextEdit *>(QStringLiteral("rtfText")) : nullptr;
+            if (text)
+                format(*text);
+        };
+    }
+    return {};
 }
 
 void frmMain::setMenuVisible(QLatin1String name, bool isVisible)
@@ -215,9 +260,14 @@ void frmMain::setStatusText(const QString &text)
     m_util->setStatus(text);
 }
 
-void frmMain::New()
+QPrinter &frmMain::printer()
 {
-    showDocument(createDocument());
+    return m_printDialogs.printer();
+}
+
+void frmMain::showItemMenu(const QPoint &position)
+{
+    m_bars.showItemMenu(position);
 }
 
 void frmMain::Open()
@@ -227,31 +277,25 @@ void frmMain::Open()
         Load(path);
 }
 
-void frmMain::Close()
-{
-    if (m_activeDocument)
-        windowOf(*m_activeDocument)->close();
-}
-
 void frmMain::Save()
 {
-    if (!m_activeDocument) {
+    if (!activeDocument()) {
         m_services.messages.show(QStringLiteral("No window is selected. Please select the window to Save"),
                                  Messages::Icon::Exclamation);
         return;
     }
     // A file whose path begins like this counts as untitled too, as it always has.
-    if (m_activeDocument->caption().startsWith(untitledStart))
+    if (activeDocument()->caption().startsWith(untitledStart))
         SaveAs();
     else
-        m_activeDocument->Form_Save_Data();
+        activeDocument()->Form_Save_Data();
 }
 
 void frmMain::SaveAs()
 {
-    if (!m_activeDocument)
+    if (!activeDocument())
         return;
-    ConfigForm &document = *m_activeDocument;
+    ConfigForm &document = *activeDocument();
     const QString path = m_dialog.ShowSave(document.caption());
     if (path.isEmpty())
         return;
@@ -262,16 +306,17 @@ void frmMain::SaveAs()
     document.setCaption(path);
 }
 
-QPrinter &frmMain::printer()
+void frmMain::PageSetup()
 {
-    if (!m_printer)
-        m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    return *m_printer;
+    m_printDialogs.ShowPageSetup();
 }
 
-void frmMain::showItemMenu(const QPoint &position)
+void frmMain::Print()
 {
-    m_bars.showItemMenu(position);
+    if (!activeDocument())
+        m_services.messages.show(QStringLiteral("Nothing to print"), Messages::Icon::Exclamation);
+    else if (m_printDialogs.ShowPrint())
+        activeDocument()->PrintOut();
 }
 
 void frmMain::Exit()
@@ -279,10 +324,35 @@ void frmMain::Exit()
     close();
 }
 
-void frmMain::ChangeFont()
+void frmMain::RunConfWizard()
 {
-    if (m_activeDocument)
-        m_activeDocument->ChangeFont();
+    if (activeDocument())
+        m_services.globalSettings->RunConfWizard(*activeDocument());
+}
+
+void frmMain::ShowOptions()
+{
+    m_services.showOptions(*this);
+}
+
+void frmMain::HelpContents()
+{
+    m_services.help->showContents();
+}
+
+void frmMain::SearchForHelp()
+{
+    if (m_services.help->hasFile()) {
+        m_services.help->showSearch();
+        return;
+    }
+    m_services.messages.show(
+        QStringLiteral("Unable to display Help Contents. There is no Help associated with this project."));
+}
+
+void frmMain::ShowAbout()
+{
+    m_services.showAbout(*this);
 }
 
 void frmMain::placeWindow()
@@ -295,121 +365,13 @@ void frmMain::placeWindow()
     move(place.topLeft());
 }
 
-void frmMain::checkAssociation(const ProgramPathForm &programPath)
+void frmMain::checkAssociation()
 {
-    const QString ignore =
-        m_services.userSettings.GetSetting(QStringLiteral("Settings"), QStringLiteral("IgnoreAssoc"));
-    if (ignore.toDouble() != 0)
-        return;
     const QFileInfo program(QCoreApplication::applicationFilePath());
     QString name = program.fileName();
-    if (!programPath.suffix.isEmpty() && name.endsWith(programPath.suffix, Qt::CaseInsensitive))
-        name.chop(programPath.suffix.size());
-    m_services.associations.check(QDir::toNativeSeparators(program.path()) + programPath.separator + name +
-                                      programPath.suffix,
-                                  QStringLiteral("Zentil Config"), QStringLiteral(".zcf"));
-}
-
-ConfigForm &frmMain::createDocument()
-{
-    auto *document =
-        new ConfigForm({m_services.files, m_services.messages, *this, m_services.editors, m_services.preferences});
-    auto *window = new QMdiSubWindow;
-    window->setObjectName(QStringLiteral("DocumentWindow"));
-    window->setAttribute(Qt::WA_DeleteOnClose);
-    window->setWidget(document);
-    // The window's own menu would claim the keys of the Close command, and then neither would get them.
-    for (QAction *action : window->systemMenu()->actions())
-        action->setShortcuts(QList<QKeySequence>());
-    m_area->addSubWindow(window);
-    document->show();
-
-    const auto showIcon = [window, document] { window->setWindowIcon(documentIcon(*document)); };
-    showIcon();
-    connect(document, &ConfigForm::changedFlagChanged, window, showIcon);
-    connect(document, &ConfigForm::closeRequested, window, &QMdiSubWindow::close);
-    connect(document, &ConfigForm::closing, this, [this, document] { forgetDocument(document); });
-
-    ++m_documentCount;
-    document->setCaption(QStringLiteral("Document %1").arg(m_documentCount));
-    m_documents.push_back(document);
-    setActiveDocument(document);
-    return *document;
-}
-
-void frmMain::showDocument(ConfigForm &document)
-{
-    QMdiSubWindow *window = windowOf(document);
-    const QMdiSubWindow *front = m_area->currentSubWindow();
-    // The first document gets all the room there is; the next ones stand as the one in front does.
-    if (m_documents.size() == 1 || (front && front != window && front->isMaximized()))
-        window->showMaximized();
-    else
-        window->show();
-    m_area->setActiveSubWindow(window);
-    document.setFocus();
-}
-
-void frmMain::discardDocument(ConfigForm &document)
-{
-    document.deactivateDocument();
-    forgetDocument(&document);
-    std::unique_ptr<QMdiSubWindow>(windowOf(document)).reset();
-}
-
-void frmMain::openDocument(const QString &path)
-{
-    ConfigForm *previous = m_activeDocument;
-    ConfigForm &document = createDocument();
-    auto discard = qScopeGuard([&] {
-        discardDocument(document);
-        // The area brings a document of its own choice to the front, and commands go to the one in front.
-        if (previous)
-            m_area->setActiveSubWindow(windowOf(*previous));
-        setActiveDocument(previous);
-    });
-    document.file().SetInfo(path);
-    qint16 result = 0;
-    document.Form_Load_Data(0, result);
-    discard.dismiss();
-    document.setCaption(path);
-    showDocument(document);
-}
-
-void frmMain::setActiveDocument(ConfigForm *document)
-{
-    if (document == m_activeDocument)
-        return;
-    if (m_activeDocument)
-        m_activeDocument->deactivateDocument();
-    m_activeDocument = document;
-    if (m_activeDocument)
-        m_activeDocument->activateDocument();
-}
-
-void frmMain::forgetDocument(ConfigForm *document)
-{
-    m_documents.erase(std::remove(m_documents.begin(), m_documents.end(), document), m_documents.end());
-    if (m_activeDocument == document)
-        m_activeDocument = nullptr;
-}
-
-bool frmMain::queryCloseAll()
-{
-    // Every document is asked before the first one closes, so that Cancel leaves all of them open.
-    auto forget = qScopeGuard([this] {
-        for (ConfigForm *document : m_documents)
-            document->forgetCloseAgreed();
-    });
-    const std::vector<ConfigForm *> asked = m_documents;
-    for (ConfigForm *document : asked) {
-        // The user sees which document the question is about, and Save As acts on it.
-        m_area->setActiveSubWindow(windowOf(*document));
-        setActiveDocument(document);
-        document->setFocus();
-        if (!document->queryClose())
-            return false;
-    }
-    forget.dismiss();
-    return true;
+    if (!m_programPath.suffix.isEmpty() && name.endsWith(m_programPath.suffix, Qt::CaseInsensitive))
+        name.chop(m_programPath.suffix.size());
+    m_services.associations->check(QDir::toNativeSeparators(program.path()) + m_programPath.separator + name +
+                                       m_programPath.suffix,
+                                   QStringLiteral("Zentil Config"), QStringLiteral(".zcf"));
 }

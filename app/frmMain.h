@@ -2,25 +2,28 @@
 
 #include "app/CommandBars.h"
 #include "app/CommonDialog.h"
+#include "app/PrintDialogs.h"
 #include "config/DocumentShell.h"
+#include "platform/Platform.h"
 
 #include <QMainWindow>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
 class AssociationCheck;
 class ConfigForm;
+class DocumentArea;
 class DocumentPreferences;
 class EditorFactory;
 class FileAccess;
+class GlobalSettingsEditor;
+class Help;
 class MainUtil;
 class Messages;
-class QMdiArea;
-class QPrinter;
 class UserSettings;
-struct ProgramPathForm;
 
 /// The main window: it owns the document windows, opens, saves and closes them, and remembers its place.
 class frmMain final : public QMainWindow, private DocumentShell
@@ -34,9 +37,14 @@ public:
         FileAccess &files;
         UserSettings &userSettings;
         Messages &messages;
-        AssociationCheck &associations;
         EditorFactory &editors;
         const DocumentPreferences &preferences;
+        /// What the program may be without; the menu entries that need it are disabled then.
+        AssociationCheck *associations = nullptr;
+        GlobalSettingsEditor *globalSettings = nullptr;
+        Help *help = nullptr;
+        std::function<void(QWidget &parent)> showOptions = {};
+        std::function<void(QWidget &parent)> showAbout = {};
     };
 
     /// Places the window as it stood last time and, unless "IgnoreAssoc" is set, has the association of configuration
@@ -53,10 +61,10 @@ public:
     void LoadAll(const QStringList &paths);
 
     /// The active document; nullptr when there is none. It stays active while another window of the program is used.
-    [[nodiscard]] ConfigForm *activeDocument() const { return m_activeDocument; }
+    [[nodiscard]] ConfigForm *activeDocument() const;
 
     /// All documents, oldest first.
-    [[nodiscard]] const std::vector<ConfigForm *> &documents() const { return m_documents; }
+    [[nodiscard]] const std::vector<ConfigForm *> &documents() const;
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -64,44 +72,39 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
+    struct OwnCommand;
+
     [[nodiscard]] CommandBars::Command commandOf(QLatin1String entry);
+    [[nodiscard]] std::function<void()> operationOf(QLatin1String entry);
 
     void setMenuVisible(QLatin1String name, bool isVisible) override;
     void setMenuEnabled(QLatin1String name, bool isEnabled) override;
     void setToolButtonEnabled(QLatin1String key, bool isEnabled) override;
     [[nodiscard]] QString statusText() const override;
     void setStatusText(const QString &text) override;
-
-    void New();
-    void Open();
-    void Close();
-    void Save();
-    void SaveAs() override;
     [[nodiscard]] QPrinter &printer() override;
     void showItemMenu(const QPoint &position) override;
+
+    void Open();
+    void Save();
+    void SaveAs() override;
+    void PageSetup();
+    void Print();
     void Exit();
-    void ChangeFont();
+    void RunConfWizard();
+    void ShowOptions();
+    void HelpContents();
+    void SearchForHelp();
+    void ShowAbout();
 
     void placeWindow();
-    void checkAssociation(const ProgramPathForm &programPath);
-
-    [[nodiscard]] ConfigForm &createDocument();
-    void showDocument(ConfigForm &document);
-    void discardDocument(ConfigForm &document);
-    void openDocument(const QString &path);
-    void setActiveDocument(ConfigForm *document);
-    void forgetDocument(ConfigForm *document);
-    [[nodiscard]] bool queryCloseAll();
+    void checkAssociation();
 
     Services m_services;
-    QMdiArea *m_area;
+    ProgramPathForm m_programPath;
+    DocumentArea *m_area;
     std::unique_ptr<MainUtil> m_util;
     CommandBars m_bars;
     CommonDialog m_dialog;
-    /// Made when it is asked for: looking for printers takes time.
-    std::unique_ptr<QPrinter> m_printer;
-
-    std::vector<ConfigForm *> m_documents;
-    ConfigForm *m_activeDocument = nullptr;
-    int m_documentCount = 0;
+    PrintDialogs m_printDialogs;
 };

@@ -6,17 +6,9 @@
 #include "config/EditorFactory.h"
 #include "platform/Platform.h"
 #include "platform/RuntimeError.h"
-#include "settings/AssociationCheck.h"
 #include "settings/DocumentPreferences.h"
 
 namespace {
-
-/// Offers nothing: this build does not register file types.
-class NoAssociationCheck final : public AssociationCheck
-{
-public:
-    void check(const QString &, const QString &, const QString &) override {}
-};
 
 /// There is none yet for any kind.
 class NoEditors final : public EditorFactory
@@ -42,7 +34,6 @@ int main(int argc, char **argv)
 {
     const Platform platform = makePlatform(Application::title(), argc, argv);
     MessageBoxes messages;
-    NoAssociationCheck associations;
     NoEditors editors;
     const DefaultPreferences preferences;
 
@@ -50,8 +41,7 @@ int main(int argc, char **argv)
     Application application(ownArguments, argv, messages);
     Application::setApplicationVersion(QStringLiteral(ZENTILCONF_VERSION));
 
-    frmMain window({*platform.files, *platform.userSettings, messages, associations, editors, preferences},
-                   platform.programPath);
+    frmMain window({*platform.files, *platform.userSettings, messages, editors, preferences}, platform.programPath);
     window.LoadAll(filesOfCommandLine(platform.commandLine));
     window.show();
     const QString picture = qEnvironmentVariable("ZENTILCONF_PICTURE");

@@ -50,7 +50,7 @@ protected:
     void start(const QStringList &paths = {})
     {
         window = std::make_unique<frmMain>(
-            frmMain::Services{*files, settings, messages, associations, editors, preferences}, programPath);
+            frmMain::Services{*files, settings, messages, editors, preferences, &associations}, programPath);
         window->LoadAll(paths);
         showActive(*window);
         settle();

@@ -145,7 +145,7 @@ TEST_P(QuestionOrder, IsOldestFirstAndEachDocumentIsTheActiveOneThen)
 {
     WatchingMessages watching([this] { return activeCaption(); });
     window = std::make_unique<frmMain>(
-        frmMain::Services{*files, settings, watching, associations, editors, preferences}, programPath);
+        frmMain::Services{*files, settings, watching, editors, preferences, &associations}, programPath);
     window->LoadAll({"/a.zcf", "/b.zcf", "/c.zcf"});
     showActive(*window);
     for (ConfigForm *each : window->documents())

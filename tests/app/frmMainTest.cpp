@@ -8,11 +8,8 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMenu>
-#include <QMenuBar>
 #include <QMimeData>
 #include <QTest>
-#include <QToolBar>
 #include <QToolButton>
 #include <QUrl>
 #include <QWindow>
@@ -266,16 +263,14 @@ TEST_F(MainWindow, MenusFollowTheDocument)
         EXPECT_FALSE(isMenuVisible(hidden)) << hidden;
 }
 
-TEST_F(MainWindow, AButtonWhoseCommandDoesNotExistStaysDisabled)
+TEST_F(MainWindow, ButtonsFollowTheDocument)
 {
     start({"/a.zcf"});
-    for (const char *button : {"Print", "Copy", "Cut", "Paste"}) {
-        const bool hasCommand =
-            control<QAction>(*window,
-                             qstrcmp(button, "Print") == 0 ? "mnuFilePrint" : qPrintable("mnuEdit" + QString(button)))
-                ->isEnabled();
-        EXPECT_EQ(control<QToolButton>(*window, button)->isEnabled(), hasCommand) << button;
-    }
+    for (const char *button : {"Print", "Copy", "Cut", "Paste"})
+        EXPECT_TRUE(control<QToolButton>(*window, button)->isEnabled()) << button;
+    trigger(*window, "mnuFileClose");
+    for (const char *button : {"Print", "Copy", "Cut", "Paste"})
+        EXPECT_FALSE(control<QToolButton>(*window, button)->isEnabled()) << button;
 }
 
 TEST_F(MainWindow, EachDocumentHasItsOwnStatusLine)
@@ -366,132 +361,6 @@ TEST_F(MainWindow, CloseWithoutADocumentDoesNothing)
     start();
     trigger(*window, "mnuFileClose");
     EXPECT_TRUE(window->isVisible());
-}
-
-TEST_F(MainWindow, TheFontCommandGoesToTheActiveDocument)
-{
-    start({"/a.zcf", "/b.zcf"});
-    const auto asked = onNextDialog([](QWidget &dialog) { EXPECT_EQ(dialog.objectName(), "FontDialog"); });
-    trigger(*window, "mnuWindowFont");
-    EXPECT_TRUE(asked->handled);
-}
-
-TEST_F(MainWindow, TheFontCommandWithoutADocumentDoesNothing)
-{
-    start();
-    trigger(*window, "mnuWindowFont");
-    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-}
-
-// Menus
-
-struct EntryCase
-{
-    const char *name;
-    const char *menu;
-    const char *caption;
-};
-
-class MainMenu : public MainWindow, public testing::WithParamInterface<EntryCase>
-{
-};
-
-TEST_P(MainMenu, HasTheEntry)
-{
-    start();
-    const auto *action = control<QAction>(*window, GetParam().name);
-    ASSERT_NE(action, nullptr);
-    EXPECT_EQ(action->text(), GetParam().caption);
-    const auto *menu = qobject_cast<QMenu *>(action->parent());
-    ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(menu->objectName(), GetParam().menu);
-}
-
-// clang-format off
-INSTANTIATE_TEST_SUITE_P(Entries, MainMenu, testing::Values(
-    EntryCase{"mnuFileNew",         "mnuFile",     "&New"},
-    EntryCase{"mnuFileOpen",        "mnuFile",     "&Open..."},
-    EntryCase{"mnuFileClose",       "mnuFile",     "&Close"},
-    EntryCase{"mnuFileSave",        "mnuFile",     "&Save"},
-    EntryCase{"mnuFileSaveAs",      "mnuFile",     "Save &As..."},
-    EntryCase{"mnuFilePrint",       "mnuFile",     "&Print..."},
-    EntryCase{"mnuFileExit",        "mnuFile",     "E&xit"},
-    EntryCase{"mnuItemTextComment", "mnuItemText", "Un/comment"},
-    EntryCase{"mnuItemDelete",      "mnuItem",     "&Delete"},
-    EntryCase{"mnuItemWizard",      "mnuItem",     "&Wizard"},
-    EntryCase{"mnuEditUndo",        "mnuEdit",     "&Undo"},
-    EntryCase{"mnuEditCut",         "mnuEdit",     "Cu&t"},
-    EntryCase{"mnuEditCopy",        "mnuEdit",     "&Copy"},
-    EntryCase{"mnuEditPaste",       "mnuEdit",     "&Paste"},
-    EntryCase{"mnuEditPasteSpecial","mnuEdit",     "Paste &Special..."},
-    EntryCase{"mnuWindowFont",      "mnuWindow",   "F&ont..."}
-), [](const auto &tested) { return tested.param.name; });
-// clang-format on
-
-TEST_F(MainWindow, TheMenusOfTheItemKindsHaveTheirEntriesInOrder)
-{
-    start();
-    const auto entries = [this](const char *menu) {
-        QStringList result;
-        for (const QAction *action : control<QMenu>(*window, menu)->actions())
-            result << action->objectName() + ": " + action->text();
-        return result;
-    };
-    EXPECT_EQ(entries("mnuItemNew"),
-              (QStringList{"mnuItemNewFile: &File", "mnuItemNewReg: &Registry", "mnuItemNewUser: &User",
-                           "mnuItemNewGroup: &Group", "mnuItemNewPolicy: Account &Policy",
-                           "mnuItemNewRight: User Ri&ght", "mnuItemNewAudit: &Audit Policy",
-                           "mnuItemNewLDAP: &Directory Service", "mnuItemNewLine: &Line", "mnuItemNewOther: &Other"}));
-    EXPECT_EQ(
-        entries("mnuItemEdit"),
-        (QStringList{"mnuItemEditFile: &File", "mnuItemEditReg: &Registry", "mnuItemEditUser: &User",
-                     "mnuItemEditGroup: &Group", "mnuItemEditRight: User Ri&ght", "mnuItemEditPolicy: Account &Policy",
-                     "mnuItemEditAudit: &Audit Policy", "mnuItemEditLDAP: &Directory Service", "mnuItemEditLine: &Line",
-                     "mnuItemEditOther: &Other"}));
-    EXPECT_EQ(entries("mnuItem"), (QStringList{"mnuItemNew: &New", "mnuItemEdit: &Edit", "mnuItemText: Text",
-                                               "mnuItemDelete: &Delete", "mnuItemWizard: &Wizard"}));
-}
-
-TEST_F(MainWindow, TheMenuBarHasItsMenusInOrder)
-{
-    start();
-    QStringList menus;
-    for (const QAction *action : window->menuBar()->actions())
-        menus << action->objectName() + ": " + action->text();
-    EXPECT_EQ(menus, (QStringList{"mnuFile: &File", "mnuItem: &Item", "mnuEdit: &Edit", "mnuWindow: &Window"}));
-}
-
-TEST_F(MainWindow, EveryEntryOfTheFileMenuHasAKey)
-{
-    start();
-    for (const QAction *action : control<QMenu>(*window, "mnuFile")->actions()) {
-        if (!action->isSeparator()) {
-            EXPECT_FALSE(action->shortcut().isEmpty()) << action->objectName().toStdString();
-        }
-    }
-}
-
-TEST_F(MainWindow, TheToolBarHasItsButtonsByKey)
-{
-    start();
-    QStringList keys;
-    for (const QAction *action : control<QToolBar>(*window, "tbToolBar")->actions())
-        keys << action->objectName();
-    EXPECT_EQ(keys, (QStringList{"New", "Open", "Save", "Print", "Cut", "Copy", "Paste"}));
-}
-
-TEST_F(MainWindow, TheToolBarsNewMakesADocument)
-{
-    start();
-    press(*window, "New");
-    EXPECT_EQ(captions(), QStringList{"Document 1"});
-}
-
-TEST_F(MainWindow, ADisabledEntryIsNotRun)
-{
-    start({"/a.zcf"});
-    EXPECT_FALSE(control<QAction>(*window, "mnuItemDelete")->isEnabled());
-    EXPECT_FALSE(control<QAction>(*window, "mnuEditPaste")->isEnabled());
 }
 
 // Keys
@@ -612,140 +481,5 @@ TEST_F(Keys, AMnemonicReachesTheActiveDocumentOnly)
     EXPECT_TRUE(QTest::qWaitFor([this] { return document(0).changed() == 0; }));
     EXPECT_EQ(document(1).changed(), -1);
 }
-
-// The place of the window
-
-class PlaceOfTheWindow : public MainWindow
-{
-};
-
-TEST_F(PlaceOfTheWindow, IsTheStoredOne)
-{
-    settings.values = {{"Settings/MainLeft", "1500"},
-                       {"Settings/MainTop", "750"},
-                       {"Settings/MainWidth", "9000"},
-                       {"Settings/MainHeight", "7500"}};
-    start();
-    EXPECT_EQ(window->pos(), QPoint(100, 50));
-    EXPECT_EQ(window->size(), QSize(600, 500));
-}
-
-TEST_F(PlaceOfTheWindow, DefaultsTo1000And6500Twips)
-{
-    start();
-    EXPECT_EQ(window->pos(), QPoint(67, 67));
-    EXPECT_EQ(window->size(), QSize(433, 433));
-}
-
-TEST_F(PlaceOfTheWindow, IsMovedOntoTheScreen)
-{
-    settings.values = {{"Settings/MainLeft", "900000"}, {"Settings/MainTop", "-900000"}};
-    start();
-    EXPECT_TRUE(window->screen()->availableGeometry().contains(QRect(window->pos(), window->size())));
-}
-
-TEST_F(PlaceOfTheWindow, IsStoredInTwipsWhenItCloses)
-{
-    start();
-    window->move(20, 30);
-    window->resize(640, 480);
-    settle();
-    EXPECT_TRUE(endsAfterClosing());
-    EXPECT_EQ(settings.values, (QMap<QString, QString>{{"Settings/MainLeft", "300"},
-                                                       {"Settings/MainTop", "450"},
-                                                       {"Settings/MainWidth", "9600"},
-                                                       {"Settings/MainHeight", "7200"}}));
-}
-
-TEST_F(PlaceOfTheWindow, IsReadBackByTheNextStart)
-{
-    start();
-    window->move(20, 30);
-    window->resize(640, 480);
-    settle();
-    EXPECT_TRUE(endsAfterClosing());
-    start();
-    EXPECT_EQ(window->pos(), QPoint(20, 30));
-    EXPECT_EQ(window->size(), QSize(640, 480));
-}
-
-TEST_F(PlaceOfTheWindow, IsKeptWhenItClosesMinimised)
-{
-    const QMap<QString, QString> stored{{"Settings/MainLeft", "1500"},
-                                        {"Settings/MainTop", "750"},
-                                        {"Settings/MainWidth", "9000"},
-                                        {"Settings/MainHeight", "7500"}};
-    settings.values = stored;
-    start();
-    window->move(20, 30);
-    window->showMinimized();
-    settle();
-    EXPECT_TRUE(endsAfterClosing());
-    EXPECT_EQ(settings.values, stored);
-    start();
-    EXPECT_EQ(window->pos(), QPoint(100, 50));
-}
-
-TEST_F(PlaceOfTheWindow, GarbageIsReadAsTheDefault)
-{
-    settings.values = {{"Settings/MainLeft", "left"}, {"Settings/MainWidth", "1e999"}};
-    start();
-    EXPECT_EQ(window->pos(), QPoint(67, 67));
-    EXPECT_EQ(window->size(), QSize(433, 433));
-}
-
-TEST_F(PlaceOfTheWindow, ThatCannotBeStoredIsReportedAndTheProgramEnds)
-{
-    start();
-    settings.isWritable = false;
-    messages.expectShow("The place of the window cannot be stored.", exclamation);
-    EXPECT_TRUE(endsAfterClosing());
-}
-
-// The association of configuration files
-
-class Association : public MainWindow
-{
-};
-
-TEST_F(Association, IsCheckedOnceWithTheProgramsPath)
-{
-    start();
-    EXPECT_EQ(associations.calls,
-              (QList<QStringList>{{QCoreApplication::applicationFilePath(), "Zentil Config", ".zcf"}}));
-}
-
-TEST_F(Association, IsCheckedWithThePathAsTheSystemWritesIt)
-{
-    programPath = {"\\", ".exe"};
-    start();
-    ASSERT_EQ(associations.calls.size(), 1);
-    EXPECT_TRUE(associations.calls.first().first().endsWith("\\frmMainTest.exe"))
-        << associations.calls.first().first().toStdString();
-}
-
-struct IgnoreCase
-{
-    const char *name;
-    const char *value;
-    int calls;
-};
-
-class IgnoreAssoc : public MainWindow, public testing::WithParamInterface<IgnoreCase>
-{
-};
-
-TEST_P(IgnoreAssoc, DecidesWhetherTheAssociationIsChecked)
-{
-    settings.values["Settings/IgnoreAssoc"] = GetParam().value;
-    start();
-    EXPECT_EQ(associations.calls.size(), GetParam().calls);
-}
-
-INSTANTIATE_TEST_SUITE_P(Values, IgnoreAssoc,
-                         testing::Values(IgnoreCase{"One", "1", 0}, IgnoreCase{"MinusOne", "-1", 0},
-                                         IgnoreCase{"Zero", "0", 1}, IgnoreCase{"Empty", "", 1},
-                                         IgnoreCase{"Text", "no", 1}),
-                         [](const auto &tested) { return tested.param.name; });
 
 } // namespace

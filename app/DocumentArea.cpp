@@ -1,0 +1,255 @@
+#include "app/DocumentArea.h"
+
+#include "app/Tiling.h"
+#include "settings/Icons.h"
+
+#include <QAction>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QScopeGuard>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace {
+
+ConfigForm *documentIn(const QMdiSubWindow *window)
+{
+    return window ? qobject_cast<ConfigForm *>(window->widget()) : nullptr;
+}
+
+QMdiSubWindow *windowOf(const ConfigForm &document)
+{
+    return qobject_cast<QMdiSubWindow *>(document.parentWidget());
+}
+
+QIcon documentIcon(const ConfigForm &document)
+{
+    return themedIcon(QLatin1String(document.changed() ? "document-modified" : "document"));
+}
+
+QSize boundingSize(const QList<QRect> &tiles)
+{
+    QRect bounds;
+    for (const QRect &tile : tiles)
+        bounds |= tile;
+    return bounds.size();
+}
+
+} // namespace
+
+DocumentArea::DocumentArea(const ConfigForm::Services &services, QWidget *parent)
+    : QMdiArea(parent)
+    , m_services(services)
+{
+    setObjectName(QStringLiteral("DocumentArea"));
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    // When a document closes, the one that was in front before it comes back.
+    setActivationOrder(QMdiArea::ActivationHistoryOrder);
+    connect(this, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *window) {
+        // No window of the area is active either while another window of the program is in front; the document then
+        // stays the active one.
+        ConfigForm *document = documentIn(window);
+        if (document && document != m_activeDocument) {
+            setActiveDocument(document);
+            document->setFocus();
+        }
+    });
+}
+
+DocumentArea::~DocumentArea()
+{
+    // What is still open goes with the area, and must not be told of it one by one.
+    disconnect(this);
+    for (ConfigForm *document : m_documents)
+        document->disconnect(this);
+}
+
+void DocumentArea::newDocument()
+{
+    showDocument(createDocument());
+}
+
+void DocumentArea::openDocument(const QString &path)
+{
+    ConfigForm *previous = m_activeDocument;
+    ConfigForm &document = createDocument();
+    auto discard = qScopeGuard([&] {
+        discardDocument(document);
+        // The area brings a document of its own choice to the front, and commands go to the one in front.
+        if (previous)
+            setActiveSubWindow(windowOf(*previous));
+        setActiveDocument(previous);
+    });
+    document.file().SetInfo(path);
+    qint16 result = 0;
+    document.Form_Load_Data(0, result);
+    discard.dismiss();
+    document.setCaption(path);
+    showDocument(document);
+}
+
+void DocumentArea::closeActiveDocument()
+{
+    if (m_activeDocument)
+        windowOf(*m_activeDocument)->close();
+}
+
+bool DocumentArea::queryCloseAll()
+{
+    // Every document is asked before the first one closes, so that Cancel leaves all of them open.
+    auto forget = qScopeGuard([this] {
+        for (ConfigForm *document : m_documents)
+            document->forgetCloseAgreed();
+    });
+    const std::vector<ConfigForm *> asked = m_documents;
+    for (ConfigForm *document : asked) {
+        // The user sees which document the question is about, and Save As acts on it.
+        setActiveSubWindow(windowOf(*document));
+        setActiveDocument(document);
+        document->setFocus();
+        if (!document->queryClose())
+            return false;
+    }
+    forget.dismiss();
+    return true;
+}
+
+bool DocumentArea::closeAll()
+{
+    const std::vector<ConfigForm *> closed = m_documents;
+    return std::all_of(closed.begin(), closed.end(),
+                       [](const ConfigForm *document) { return windowOf(*document)->close(); });
+}
+
+void DocumentArea::cascade()
+{
+    cascadeSubWindows();
+}
+
+void DocumentArea::tileOneAboveTheOther()
+{
+    tile(tiledOneAboveTheOther);
+}
+
+void DocumentArea::tileSideBySide()
+{
+    tile(tiledSideBySide);
+}
+
+void DocumentArea::arrangeIcons()
+{
+    const QList<QMdiSubWindow *> icons = windows(true);
+    if (icons.isEmpty())
+        return;
+    const QList<QPoint> corners = iconCorners(viewport()->size(), int(icons.size()), icons.first()->size());
+    for (qsizetype i = 0; i < icons.size(); ++i)
+        icons.at(i)->move(corners.at(i));
+}
+
+ConfigForm &DocumentArea::createDocument()
+{
+    auto *document = new ConfigForm(m_services);
+    auto *window = new QMdiSubWindow;
+    window->setObjectName(QStringLiteral("DocumentWindow"));
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->setWidget(document);
+    // The window's own menu would claim the keys of the Close command, and then neither would get them.
+    for (QAction *action : window->systemMenu()->actions())
+        action->setShortcuts(QList<QKeySequence>());
+    addSubWindow(window);
+    document->show();
+
+    const auto showIcon = [window, document] { window->setWindowIcon(documentIcon(*document)); };
+    showIcon();
+    connect(document, &ConfigForm::changedFlagChanged, window, showIcon);
+    connect(document, &ConfigForm::closeRequested, window, &QMdiSubWindow::close);
+    connect(document, &ConfigForm::closing, this, [this, document] { forgetDocument(document); });
+
+    ++m_documentCount;
+    document->setCaption(QStringLiteral("Document %1").arg(m_documentCount));
+    m_documents.push_back(document);
+    setActiveDocument(document);
+    return *document;
+}
+
+void DocumentArea::showDocument(ConfigForm &document)
+{
+    QMdiSubWindow *window = windowOf(document);
+    const QMdiSubWindow *front = currentSubWindow();
+    // The first document gets all the room there is; the next ones stand as the one in front does.
+    if (m_documents.size() == 1 || (front && front != window && front->isMaximized()))
+        window->showMaximized();
+    else
+        window->show();
+    setActiveSubWindow(window);
+    document.setFocus();
+}
+
+void DocumentArea::discardDocument(ConfigForm &document)
+{
+    document.deactivateDocument();
+    forgetDocument(&document);
+    std::unique_ptr<QMdiSubWindow>(windowOf(document)).reset();
+}
+
+void DocumentArea::setActiveDocument(ConfigForm *document)
+{
+    if (document == m_activeDocument)
+        return;
+    if (m_activeDocument)
+        m_activeDocument->deactivateDocument();
+    m_activeDocument = document;
+    if (m_activeDocument)
+        m_activeDocument->activateDocument();
+}
+
+void DocumentArea::forgetDocument(ConfigForm *document)
+{
+    m_documents.erase(std::remove(m_documents.begin(), m_documents.end(), document), m_documents.end());
+    if (m_activeDocument == document)
+        m_activeDocument = nullptr;
+}
+
+QList<QMdiSubWindow *> DocumentArea::windows(bool areMinimised) const
+{
+    QList<QMdiSubWindow *> found;
+    for (const ConfigForm *document : m_documents) {
+        if (windowOf(*document)->isMinimized() == areMinimised)
+            found << windowOf(*document);
+    }
+    return found;
+}
+
+void DocumentArea::tile(QList<QRect> (*tiles)(const QSize &area, int count, const QSize &minimum))
+{
+    QMdiSubWindow *front = currentSubWindow();
+    const QList<QMdiSubWindow *> tiled = windows(false);
+    QSize minimum;
+    for (QMdiSubWindow *window : tiled) {
+        if (window->isMaximized())
+            window->showNormal();
+        minimum = minimum.expandedTo(window->minimumSizeHint());
+    }
+    // Back to where the area begins.
+    horizontalScrollBar()->setValue(0);
+    verticalScrollBar()->setValue(0);
+
+    QSize area = maximumViewportSize();
+    const QList<QMdiSubWindow *> icons = windows(true);
+    if (!icons.isEmpty())
+        area.setHeight(iconCorners(area, int(icons.size()), icons.first()->size()).constLast().y());
+    QList<QRect> places = tiles(area, int(tiled.size()), minimum);
+    // Where windows reach beyond one edge, the scroll bar takes room at the other.
+    const QSize needed = boundingSize(places);
+    if (needed.height() > area.height())
+        area.rwidth() -= verticalScrollBar()->sizeHint().width();
+    else if (needed.width() > area.width())
+        area.rheight() -= horizontalScrollBar()->sizeHint().height();
+    places = tiles(area, int(tiled.size()), minimum);
+    for (qsizetype i = 0; i < tiled.size(); ++i)
+        tiled.at(i)->setGeometry(places.at(i));
+    if (front)
+        setActiveSubWindow(front);
+}
