@@ -12,6 +12,9 @@
 
 namespace {
 
+/// In device-independent pixels. The window as it comes first is as wide as all of the buttons.
+constexpr int toolIconSize = 20;
+
 void connectCommand(QAction &action, const CommandBars::Command &command)
 {
     action.setEnabled(bool(command));
@@ -108,6 +111,7 @@ void CommandBars::createToolBar(const std::function<Command(QLatin1String)> &com
     m_toolBar = m_window.addToolBar(QMainWindow::tr("Toolbar"));
     m_toolBar->setObjectName(QStringLiteral("tbToolBar"));
     m_toolBar->setMovable(false);
+    m_toolBar->setIconSize({toolIconSize, toolIconSize});
     for (const ToolButton &button : toolButtons) {
         if (button.key.isEmpty()) {
             m_toolBar->addSeparator();

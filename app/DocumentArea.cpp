@@ -36,6 +36,33 @@ QSize boundingSize(const QList<QRect> &tiles)
     return bounds.size();
 }
 
+/// The window in front and the control with the focus are the same afterwards: a window that stops being maximised
+/// takes the focus from what is in it.
+class KeptFront final
+{
+public:
+    explicit KeptFront(QMdiArea &area)
+        : m_area(area)
+        , m_window(area.currentSubWindow())
+        , m_focus(area.window()->focusWidget())
+    {
+    }
+    KeptFront(const KeptFront &) = delete;
+    KeptFront &operator=(const KeptFront &) = delete;
+    ~KeptFront()
+    {
+        if (m_window)
+            m_area.setActiveSubWindow(m_window);
+        if (m_focus)
+            m_focus->setFocus();
+    }
+
+private:
+    QMdiArea &m_area;
+    QMdiSubWindow *m_window;
+    QWidget *m_focus;
+};
+
 } // namespace
 
 DocumentArea::DocumentArea(const ConfigForm::Services &services, QWidget *parent)
@@ -125,6 +152,7 @@ bool DocumentArea::closeAll()
 
 void DocumentArea::cascade()
 {
+    const KeptFront front(*this);
     cascadeSubWindows();
 }
 
@@ -224,7 +252,7 @@ QList<QMdiSubWindow *> DocumentArea::windows(bool areMinimised) const
 
 void DocumentArea::tile(QList<QRect> (*tiles)(const QSize &area, int count, const QSize &minimum))
 {
-    QMdiSubWindow *front = currentSubWindow();
+    const KeptFront front(*this);
     const QList<QMdiSubWindow *> tiled = windows(false);
     QSize minimum;
     for (QMdiSubWindow *window : tiled) {
@@ -250,6 +278,4 @@ void DocumentArea::tile(QList<QRect> (*tiles)(const QSize &area, int count, cons
     places = tiles(area, int(tiled.size()), minimum);
     for (qsizetype i = 0; i < tiled.size(); ++i)
         tiled.at(i)->setGeometry(places.at(i));
-    if (front)
-        setActiveSubWindow(front);
 }

@@ -3,6 +3,8 @@
 #include "platform/Messages.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QLayout>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
@@ -28,8 +30,15 @@ void PrintDialogs::ShowPageSetup()
     (void)run<QPageSetupDialog>(QStringLiteral("PageSetupDialog"), QStringLiteral("Page Setup"));
 }
 
-bool PrintDialogs::ShowPrint()
+bool PrintDialogs::ShowPrint(const QString &documentName)
 {
+    printer().setDocName(documentName);
+    // The toolkit's dialog would propose a folder for the file, which it then refuses.
+    if (printer().outputFormat() == QPrinter::PdfFormat) {
+        const QString last = printer().outputFileName();
+        const QDir folder(last.isEmpty() ? QDir::homePath() : QFileInfo(last).path());
+        printer().setOutputFileName(folder.filePath(QFileInfo(documentName).completeBaseName() + QLatin1String(".pdf")));
+    }
     return run<QPrintDialog>(QStringLiteral("PrintDialog"), QStringLiteral("Print"));
 }
 

@@ -21,8 +21,9 @@ public:
     /// Lets the user choose the page.
     void ShowPageSetup();
 
-    /// Lets the user choose the printer. @return false when the user cancelled
-    [[nodiscard]] bool ShowPrint();
+    /// Lets the user choose the printer. @param documentName what the printer calls what is printed
+    /// @return false when the user cancelled
+    [[nodiscard]] bool ShowPrint(const QString &documentName);
 
 private:
     template<class Dialog>

@@ -315,7 +315,7 @@ void frmMain::Print()
 {
     if (!activeDocument())
         m_services.messages.show(QStringLiteral("Nothing to print"), Messages::Icon::Exclamation);
-    else if (m_printDialogs.ShowPrint())
+    else if (m_printDialogs.ShowPrint(QFileInfo(activeDocument()->caption()).fileName()))
         activeDocument()->PrintOut();
 }
 

@@ -239,6 +239,17 @@ TEST_F(MainMenu, TheToolBarHasItsButtonsByKeyInOrder)
                                  "Align Left", "Center", "Align Right"}));
 }
 
+TEST_F(MainMenu, AllButtonsAreSeenInTheWindowAsItComesFirst)
+{
+    start();
+    const auto *bar = control<QToolBar>(*window, "tbToolBar");
+    for (QAction *action : bar->actions()) {
+        if (!action->isSeparator()) {
+            EXPECT_TRUE(bar->widgetForAction(action)->isVisible()) << action->objectName().toStdString();
+        }
+    }
+}
+
 TEST_F(MainMenu, TheToolBarsButtonsSayTheirKeys)
 {
     start();
