@@ -1,6 +1,7 @@
 #include "tests/app/ProgramFixture.h"
 #include "tests/support/Printers.h"
 
+#include <QDir>
 #include <QScreen>
 
 namespace {
@@ -102,9 +103,10 @@ class Association : public Program
 
 TEST_F(Association, IsCheckedOnceWithTheProgramsPath)
 {
+    programPath = {QDir::separator(), QString()};
     start();
-    EXPECT_EQ(associations.calls,
-              (QList<QStringList>{{QCoreApplication::applicationFilePath(), "Zentil Config", ".zcf"}}));
+    const QString program = QDir::toNativeSeparators(QCoreApplication::applicationFilePath());
+    EXPECT_EQ(associations.calls, (QList<QStringList>{{program, "Zentil Config", ".zcf"}}));
 }
 
 TEST_F(Association, IsCheckedWithThePathAsTheSystemWritesIt)
