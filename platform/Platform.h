@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FileAccess.h"
+#include "platform/Registry.h"
 #include "platform/UserSettings.h"
 
 #include <QString>
@@ -30,6 +31,7 @@ struct Platform
 {
     std::unique_ptr<FileAccess> files;
     std::unique_ptr<UserSettings> userSettings;
+    std::unique_ptr<Registry> registry;
     CommandLine commandLine;
     ProgramPathForm programPath;
 };

@@ -3,9 +3,15 @@
 #include "platform/ByteText.h"
 #include "platform/linux/IniUserSettings.h"
 #include "platform/linux/LinuxFileAccess.h"
+#include "platform/linux/SqliteRegistry.h"
 
 #include <QDir>
 #include <QStandardPaths>
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -14,6 +20,25 @@ QByteArray stateFolder()
 {
     const QByteArray folder = qgetenv("XDG_STATE_HOME");
     return folder.startsWith('/') ? folder : encodeText(QDir::homePath()) + "/.local/state";
+}
+
+QByteArray registryFile(const QString &title)
+{
+    const QByteArray given = qgetenv("ZENTILCONF_REGISTRY");
+    if (given.isEmpty())
+        return encodeText(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QLatin1Char('/') +
+                          title + QStringLiteral("/registry.db"));
+    return given.startsWith('/') ? given : encodeText(QDir::currentPath()) + '/' + given;
+}
+
+/// The user's name where it can be a key's name, else the number.
+QByteArray registryUserKey()
+{
+    const passwd *user = getpwuid(geteuid());
+    const QByteArray name = user == nullptr ? QByteArray() : QByteArray(user->pw_name);
+    const bool isKeyName = !name.isEmpty() && std::all_of(name.begin(), name.end(),
+                                                          [](char c) { return c > ' ' && c <= '~' && c != '\\'; });
+    return isKeyName ? name : QByteArray::number(geteuid());
 }
 
 } // namespace
@@ -26,6 +51,7 @@ Platform makePlatform(const QString &title, int argc, const char *const *argv)
     const QString configuration = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     platform.userSettings =
         std::make_unique<IniUserSettings>(*platform.files, QStringLiteral("%1/%2/%2.ini").arg(configuration, title));
+    platform.registry = std::make_unique<SqliteRegistry>(registryFile(title), registryUserKey());
     for (int i = 1; i < argc; ++i)
         platform.commandLine.arguments << decodeBytes(argv[i]);
     platform.programPath = {QStringLiteral("/"), QString()};

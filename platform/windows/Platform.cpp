@@ -2,6 +2,7 @@
 
 #include "platform/windows/CommandLineText.h"
 #include "platform/windows/WindowsFileAccess.h"
+#include "platform/windows/WindowsRegistry.h"
 #include "platform/windows/WindowsUserSettings.h"
 
 #include <QDir>
@@ -16,6 +17,7 @@ Platform makePlatform(const QString &title, int, const char *const *)
     Platform platform;
     platform.files = std::make_unique<WindowsFileAccess>(std::make_unique<WindowsCalls>(), unfinished);
     platform.userSettings = std::make_unique<WindowsUserSettings>(QStringLiteral("Software\\") + title);
+    platform.registry = std::make_unique<WindowsRegistry>();
     platform.commandLine.rawText = behindProgramName(QString::fromWCharArray(GetCommandLineW()));
     platform.programPath = {QStringLiteral("\\"), QStringLiteral(".exe")};
     return platform;

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/linux/Sqlite.h"
+
+#include <QByteArray>
+
+#include <optional>
+
+/// The database file that the registry's keys and values are in. It is opened when it is first asked for, and made then
+/// when it is missing; one that cannot be used stays as it is and is tried again with the next question.
+///
+/// Names are UTF-8 in it, so that a person can read them with SQLite's own tools; data are bytes. The journal is the
+/// one that SQLite rolls back (not its write-ahead log), which also works in a home folder on another machine.
+class RegistryDatabase final
+{
+public:
+    // clang-format off
+    /// The keys that every database has.
+    static constexpr qint64 LocalMachine  = 1;
+    static constexpr qint64 Users         = 2;
+    static constexpr qint64 CurrentConfig = 3;
+    static constexpr qint64 Software      = 4;
+    /// A number that no key has.
+    static constexpr qint64 None          = -1;
+    // clang-format on
+
+    /// @param userKey the name of the user's key below HKEY_USERS, UTF-8
+    RegistryDatabase(const QByteArray &path, const QByteArray &userKey);
+
+    /// @throws RegistryFailure
+    [[nodiscard]] const SqliteConnection &connection();
+
+    /// How often the file has been opened. What was learned from an earlier file means nothing in a later one.
+    [[nodiscard]] quint64 generation() const { return m_generation; }
+
+    /// False when the file or its folder may not be written. Nothing is tried out, so that true may prove wrong.
+    [[nodiscard]] bool isWritable() const;
+
+    /// The user's key, or None where it is missing and cannot be made.
+    [[nodiscard]] qint64 userKey() const { return m_userKey; }
+
+private:
+    void makeFolder() const;
+    void open();
+    void prepareTables() const;
+    void prepareUserKey();
+
+    QByteArray m_path;
+    QByteArray m_userKeyName;
+    std::optional<SqliteConnection> m_connection;
+    quint64 m_generation = 0;
+    qint64 m_userKey = None;
+};
