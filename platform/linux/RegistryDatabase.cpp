@@ -104,14 +104,26 @@ const SqliteConnection &RegistryDatabase::connection()
 
 bool RegistryDatabase::isWritable() const
 {
-    return m_connection && !m_connection->isReadOnly() &&
-           faccessat(AT_FDCWD, folderOf(m_path).constData(), W_OK | X_OK, AT_EACCESS) == 0;
+    return m_connection && !m_connection->isReadOnly() && isFolderWritable();
+}
+
+/// errno says why when it is not.
+bool RegistryDatabase::isFolderWritable() const
+{
+    return faccessat(AT_FDCWD, folderOf(m_path).constData(), W_OK | X_OK, AT_EACCESS) == 0;
 }
 
 void RegistryDatabase::open()
 {
     makeFolder();
-    m_connection.emplace(m_path);
+    try {
+        m_connection.emplace(m_path);
+    } catch (const RegistryFailure &failure) {
+        // The reason that SQLite gives is that of its second try, for reading alone.
+        if (failure.result == Registry::Result::CannotOpen && !isFolderWritable())
+            throw failureOfSystem(errno);
+        throw;
+    }
     ++m_generation;
     prepareTables();
     prepareUserKey();
@@ -122,12 +134,14 @@ void RegistryDatabase::makeFolder() const
     const QByteArray folder = folderOf(m_path);
     for (qsizetype end = folder.indexOf('/', 1);; end = folder.indexOf('/', end + 1)) {
         const QByteArray part = end < 0 ? folder : folder.first(end);
-        if (mkdir(part.constData(), folderMode) != 0 && errno != EEXIST) {
+        if (mkdir(part.constData(), folderMode) != 0) {
+            // What is there fails too, and not always because it is there.
             const int error = errno;
             struct stat status = {};
-            // A folder that is there may be one below which nothing can be made.
             if (stat(part.constData(), &status) != 0)
                 throw failureOfSystem(error);
+            if (!S_ISDIR(status.st_mode))
+                throw failureOfSystem(ENOTDIR);
         }
         if (end < 0)
             return;

@@ -41,6 +41,7 @@ public:
 
 private:
     void makeFolder() const;
+    [[nodiscard]] bool isFolderWritable() const;
     void open();
     void prepareTables() const;
     void prepareUserKey();
