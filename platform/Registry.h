@@ -89,10 +89,16 @@ public:
     };
     // clang-format on
 
+    /// Which functions the program means to use: see PlatformProbe() in settings/Utilities.h.
+    enum class CharacterWidth { Narrow, Wide };
+
     Registry() = default;
     Registry(const Registry &) = delete;
     Registry &operator=(const Registry &) = delete;
     virtual ~Registry() = default;
+
+    [[nodiscard]] CharacterWidth characterWidth() const { return m_characterWidth; }
+    void setCharacterWidth(CharacterWidth width) { m_characterWidth = width; }
 
     /// text in the code page. A character that it does not have becomes "?", or one that looks like it.
     [[nodiscard]] virtual QByteArray toCodePage(QStringView text) const = 0;
@@ -146,4 +152,7 @@ public:
     /// Stores data.size() bytes and no end mark of its own. When it has returned Success, the value stays even if the
     /// program ends at once.
     virtual Result RegSetValueExA(Handle key, const QByteArray &name, quint32 type, QByteArrayView data) = 0;
+
+private:
+    CharacterWidth m_characterWidth = CharacterWidth::Narrow;
 };

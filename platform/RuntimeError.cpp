@@ -36,8 +36,17 @@ RuntimeError::RuntimeError(Number number, const QString &path, const QString &de
 {
 }
 
+RuntimeError RuntimeError::described(Number number, const QString &description)
+{
+    RuntimeError error(number);
+    error.m_description = description;
+    return error;
+}
+
 QString RuntimeError::description() const
 {
+    if (!m_description.isEmpty())
+        return m_description;
     const auto row = std::find_if(errorTable.begin(), errorTable.end(),
                                   [this](const Row &candidate) { return candidate.number == m_number; });
     return row == errorTable.end() ? QString() : QString(row->description);

@@ -19,12 +19,17 @@ public:
         PermissionDenied = 70,
         PathAccess = 75,
         PathNotFound = 76,
+        /// Raised with a description of its own: see described().
+        RegistryError = 10001,
     };
 
     /// @param number one of Number; its description is the table's
     /// @param path the file that the error is about; empty when there is none
     /// @param detail a sentence of our own that says more than the description; empty when there is nothing to say
     explicit RuntimeError(Number number, const QString &path = {}, const QString &detail = {});
+
+    /// An error whose description the one who raises it gives, because its number stands for several.
+    [[nodiscard]] static RuntimeError described(Number number, const QString &description);
 
     [[nodiscard]] int number() const { return m_number; }
     [[nodiscard]] QString description() const;
@@ -38,6 +43,7 @@ public:
 
 private:
     int m_number;
+    QString m_description;
     QString m_path;
     QString m_detail;
 };

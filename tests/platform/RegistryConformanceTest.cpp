@@ -137,8 +137,6 @@ TEST_F(RegistryConformance, MachineHasSoftware)
 TEST_F(RegistryConformance, CurrentUserIsAKeyOfUsers)
 {
     user.set(base, "mark", "mine");
-    const QByteArray basePath =
-        "\\Software\\ZentilConf conformance " + QByteArray::number(QCoreApplication::applicationPid());
     int found = 0;
     for (const QByteArray &owner : user.subKeys(Registry::Users)) {
         Handle key = 0;

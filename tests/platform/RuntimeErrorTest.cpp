@@ -59,6 +59,16 @@ TEST_P(RuntimeErrorNumber, IsShownWithItsDescription)
 INSTANTIATE_TEST_SUITE_P(Numbers, RuntimeErrorNumber, testing::ValuesIn(numbers),
                          [](const auto &test) { return std::to_string(test.param.number); });
 
+TEST(RuntimeError, OneNumberMayStandForSeveralDescriptions)
+{
+    for (const char *description : {"Unable to create subkey", "Another one"}) {
+        const RuntimeError error = RuntimeError::described(RuntimeError::RegistryError, description);
+        EXPECT_EQ(error.number(), 10001);
+        EXPECT_EQ(error.description(), description);
+        EXPECT_EQ(error.message(), QString("Run-time error '10001':\n\n%1").arg(description));
+    }
+}
+
 TEST(RuntimeError, KeepsWhatItIsAbout)
 {
     const RuntimeError error(RuntimeError::DiskFull, "/etc/file", "More.");
