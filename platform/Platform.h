@@ -34,6 +34,8 @@ struct Platform
     std::unique_ptr<Registry> registry;
     CommandLine commandLine;
     ProgramPathForm programPath;
+    /// The system's version as GetVersion() lays it out: major version in the lowest byte, minor version in the next.
+    quint32 versionWord = 0;
 };
 
 /// @param title the program's title, under which the system keeps what belongs to it

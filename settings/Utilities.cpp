@@ -16,6 +16,13 @@ QString hexadecimalCode(QChar c)
 
 } // namespace
 
+void PlatformProbe(Registry &registry, quint32 versionWord)
+{
+    constexpr qint64 wideBelow = -2147483648;
+    const bool isWide = qint64(static_cast<qint32>(versionWord)) < wideBelow;
+    registry.setCharacterWidth(isWide ? Registry::CharacterWidth::Wide : Registry::CharacterWidth::Narrow);
+}
+
 QString EscapeNonPrintable(const QString &text)
 {
     if (std::all_of(text.begin(), text.end(), isKept))

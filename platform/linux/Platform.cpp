@@ -7,6 +7,8 @@
 
 #include <QDir>
 #include <QStandardPaths>
+#include <QSysInfo>
+#include <QVersionNumber>
 
 #include <pwd.h>
 #include <unistd.h>
@@ -41,6 +43,12 @@ QByteArray registryUserKey()
     return isKeyName ? name : QByteArray::number(geteuid());
 }
 
+quint32 kernelVersionWord()
+{
+    const QVersionNumber version = QVersionNumber::fromString(QSysInfo::kernelVersion());
+    return static_cast<quint32>((version.majorVersion() & 0xFF) | (version.minorVersion() & 0xFF) << 8);
+}
+
 } // namespace
 
 Platform makePlatform(const QString &title, int argc, const char *const *argv)
@@ -55,5 +63,6 @@ Platform makePlatform(const QString &title, int argc, const char *const *argv)
     for (int i = 1; i < argc; ++i)
         platform.commandLine.arguments << decodeBytes(argv[i]);
     platform.programPath = {QStringLiteral("/"), QString()};
+    platform.versionWord = kernelVersionWord();
     return platform;
 }

@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QStandardPaths>
+#include <qt_windows.h>
 
 Platform makePlatform(const QString &title, int, const char *const *)
 {
@@ -20,5 +21,6 @@ Platform makePlatform(const QString &title, int, const char *const *)
     platform.registry = std::make_unique<WindowsRegistry>();
     platform.commandLine.rawText = behindProgramName(QString::fromWCharArray(GetCommandLineW()));
     platform.programPath = {QStringLiteral("\\"), QStringLiteral(".exe")};
+    platform.versionWord = GetVersion();
     return platform;
 }

@@ -1,5 +1,7 @@
 #include "settings/Utilities.h"
 
+#include "platform/Platform.h"
+#include "tests/support/FakeRegistry.h"
 #include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
@@ -31,6 +33,25 @@ TEST(EscapeNonPrintableTest, EveryCodeIsEitherKeptOrWrittenAsFourDigits)
         (void)std::snprintf(expected, sizeof expected, "\\u0x%04X", unsigned(code));
         ASSERT_EQ(EscapeNonPrintable(text), isKept ? text : QString(expected)) << code;
     }
+}
+
+TEST(PlatformProbe, WidthIsAlwaysNarrow)
+{
+    FakeRegistry registry;
+    for (const quint32 versionWord :
+         {0x00000000U, 0x00000004U, 0x1DB10106U, 0x7FFFFFFFU, 0x80000000U, 0x80000001U, 0xC0000004U, 0xFFFFFFFFU}) {
+        registry.setCharacterWidth(Registry::CharacterWidth::Wide);
+        PlatformProbe(registry, versionWord);
+        EXPECT_EQ(registry.characterWidth(), Registry::CharacterWidth::Narrow) << versionWord;
+    }
+}
+
+TEST(PlatformProbe, ThisSystemHasAVersion)
+{
+    Platform platform = makePlatform(QStringLiteral("ZentilConf"), 0, nullptr);
+    EXPECT_GT(platform.versionWord & 0xFFU, 0U);
+    PlatformProbe(*platform.registry, platform.versionWord);
+    EXPECT_EQ(platform.registry->characterWidth(), Registry::CharacterWidth::Narrow);
 }
 
 } // namespace
