@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FileAccess.h"
+#include "platform/FileTypes.h"
 #include "platform/Registry.h"
 #include "platform/UserSettings.h"
 
@@ -32,6 +33,8 @@ struct Platform
     std::unique_ptr<FileAccess> files;
     std::unique_ptr<UserSettings> userSettings;
     std::unique_ptr<Registry> registry;
+    /// Uses files, and goes before them.
+    std::unique_ptr<FileTypes> fileTypes;
     CommandLine commandLine;
     ProgramPathForm programPath;
     /// The system's version as GetVersion() lays it out: major version in the lowest byte, minor version in the next.

@@ -1,6 +1,7 @@
 #include "platform/Platform.h"
 
 #include "platform/ByteText.h"
+#include "platform/linux/DesktopFileTypes.h"
 #include "platform/linux/IniUserSettings.h"
 #include "platform/linux/LinuxFileAccess.h"
 #include "platform/linux/SqliteRegistry.h"
@@ -60,6 +61,8 @@ Platform makePlatform(const QString &title, int argc, const char *const *argv)
     platform.userSettings =
         std::make_unique<IniUserSettings>(*platform.files, QStringLiteral("%1/%2/%2.ini").arg(configuration, title));
     platform.registry = std::make_unique<SqliteRegistry>(registryFile(title), registryUserKey());
+    platform.fileTypes = std::make_unique<DesktopFileTypes>(
+        *platform.files, QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation), configuration);
     for (int i = 1; i < argc; ++i)
         platform.commandLine.arguments << decodeBytes(argv[i]);
     platform.programPath = {QStringLiteral("/"), QString()};

@@ -2,6 +2,7 @@
 
 #include "platform/windows/CommandLineText.h"
 #include "platform/windows/WindowsFileAccess.h"
+#include "platform/windows/WindowsFileTypes.h"
 #include "platform/windows/WindowsRegistry.h"
 #include "platform/windows/WindowsUserSettings.h"
 
@@ -19,6 +20,7 @@ Platform makePlatform(const QString &title, int, const char *const *)
     platform.files = std::make_unique<WindowsFileAccess>(std::make_unique<WindowsCalls>(), unfinished);
     platform.userSettings = std::make_unique<WindowsUserSettings>(QStringLiteral("Software\\") + title);
     platform.registry = std::make_unique<WindowsRegistry>();
+    platform.fileTypes = std::make_unique<WindowsFileTypes>();
     platform.commandLine.rawText = behindProgramName(QString::fromWCharArray(GetCommandLineW()));
     platform.programPath = {QStringLiteral("\\"), QStringLiteral(".exe")};
     platform.versionWord = GetVersion();

@@ -27,7 +27,7 @@ class QMimeData;
 class FakeAssociationCheck final : public AssociationCheck
 {
 public:
-    void check(const QString &programPath, const QString &description, const QString &extension) override
+    void check(const QString &programPath, const QString &description, const QString &extension, int) override
     {
         calls << QStringList{programPath, description, extension};
     }

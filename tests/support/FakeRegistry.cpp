@@ -134,7 +134,7 @@ Result FakeRegistry::RegConnectRegistryA(const QByteArray &machineName, Handle h
     return Result::Success;
 }
 
-Result FakeRegistry::RegOpenKeyExA(Handle key, const QByteArray &subKey, quint32, quint32, Handle *result)
+Result FakeRegistry::RegOpenKeyExA(Handle key, const QByteArray &subKey, quint32, quint32 access, Handle *result)
 {
     *result = 0;
     const QByteArray path = pathBelow(key, subKey);
@@ -148,7 +148,7 @@ Result FakeRegistry::RegOpenKeyExA(Handle key, const QByteArray &subKey, quint32
     }
     if (keyAt(path) == nullptr)
         return Result::FileNotFound;
-    if (isDenied(path))
+    if (isDenied(path) || (isReadOnly && (access & ~ReadAccess) != 0))
         return Result::AccessDenied;
     *result = newHandle(keyAt(path)->path);
     return Result::Success;
@@ -162,7 +162,7 @@ Result FakeRegistry::RegCreateKeyExA(Handle key, const QByteArray &subKey, const
     calls << "RegCreateKeyExA " + path;
     if (pathOf(key).isEmpty())
         return Result::InvalidHandle;
-    if (isDenied(path))
+    if (isDenied(path) || isReadOnly)
         return Result::AccessDenied;
     const bool isNew = keyAt(path) == nullptr;
     make(path);

@@ -34,6 +34,8 @@ public:
 
     /// Paths that may not be opened, and below which nothing may be made: AccessDenied. Their hives can be opened.
     QByteArrayList denied;
+    /// Keys can only be opened in order to read them: AccessDenied for anything else.
+    bool isReadOnly = false;
     /// Values can be stored nowhere: DiskFull.
     bool isFull = false;
     /// Machines that can be reached, beside this one.
