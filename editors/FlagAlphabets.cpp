@@ -263,7 +263,7 @@ constexpr bool isConsistent(const FlagAlphabet &alphabet)
 } // namespace
 
 // clang-format off
-//                                         letters                  read order                   macros          options                  read first    other flags  frames                  quick sets
+//                                            letters                  read order                      macros          options                  read first    other flags  frames                  quick sets
 constexpr FlagAlphabet fileFlags             {fileLetters,             L("tcamvsniopgz12"),            fileMacros,     fileOptions,             optionsFirst, behindComma, fileFrames,             fileQuickSets};
 constexpr FlagAlphabet registryFlags         {registryLetters,         L("ckmopgz12"),                 registryMacros, registryOptions,         optionsFirst, behindComma, registryFrames,         registryQuickSets};
 constexpr FlagAlphabet userFlags             {userLetters,             L("ncCdjhspwlSoaebxmugMrRfLO"), userMacros,     eventOption,             optionsFirst, behindComma, userFrames,             userQuickSets};

@@ -1,156 +1,20 @@
 #include "app/MessageBoxes.h"
 #include "settings/Icons.h"
 #include "tests/app/ProgramFixture.h"
+#include "tests/support/FormStructure.h"
 #include "tests/support/Printers.h"
 
 #include <QAbstractButton>
-#include <QAbstractItemView>
-#include <QAbstractSpinBox>
 #include <QAction>
-#include <QComboBox>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QSet>
-#include <QStatusBar>
 #include <QTest>
-#include <QTextEdit>
 #include <QToolBar>
 #include <QToolButton>
 
 namespace {
-
-bool isInput(const QWidget &widget)
-{
-    return qobject_cast<const QAbstractButton *>(&widget) || qobject_cast<const QAbstractItemView *>(&widget) ||
-           qobject_cast<const QAbstractSpinBox *>(&widget) || qobject_cast<const QComboBox *>(&widget) ||
-           qobject_cast<const QLineEdit *>(&widget) || qobject_cast<const QTextEdit *>(&widget);
-}
-
-/// What the toolkit makes for itself inside a control, a title bar or a bar: not ours to name.
-bool isToolkitsOwn(const QWidget &widget)
-{
-    if (widget.objectName().startsWith("qt_"))
-        return true;
-    for (const QWidget *at = widget.parentWidget(); at; at = at->parentWidget()) {
-        if (qobject_cast<const QComboBox *>(at) || qobject_cast<const QAbstractItemView *>(at) ||
-            qobject_cast<const QMenuBar *>(at))
-            return true;
-    }
-    return false;
-}
-
-QList<QWidget *> inputsOf(const QWidget &form)
-{
-    QList<QWidget *> result;
-    for (QWidget *widget : form.findChildren<QWidget *>()) {
-        if (isInput(*widget) && !isToolkitsOwn(*widget))
-            result << widget;
-    }
-    return result;
-}
-
-bool hasLabel(const QWidget &form, const QWidget &input)
-{
-    if (!input.accessibleName().isEmpty())
-        return true;
-    if (const auto *button = qobject_cast<const QAbstractButton *>(&input); button && !button->text().isEmpty())
-        return true;
-    for (const QLabel *label : form.findChildren<QLabel *>()) {
-        if (label->buddy() == &input)
-            return true;
-    }
-    return false;
-}
-
-QChar mnemonicOf(const QString &text)
-{
-    const QKeySequence sequence = QKeySequence::mnemonic(text);
-    return sequence.isEmpty() ? QChar() : sequence.toString(QKeySequence::PortableText).back();
-}
-
-/// The texts of a form that a key with Alt may reach, by control.
-QMap<QString, QString> mnemonicTexts(const QWidget &form)
-{
-    QMap<QString, QString> result;
-    for (const auto *button : form.findChildren<QAbstractButton *>()) {
-        if (!isToolkitsOwn(*button) && !qobject_cast<const QToolButton *>(button))
-            result[button->objectName()] = button->text();
-    }
-    for (const auto *label : form.findChildren<QLabel *>()) {
-        if (label->buddy())
-            result[label->objectName()] = label->text();
-    }
-    for (const auto *box : form.findChildren<QGroupBox *>())
-        result[box->objectName()] = box->title();
-    return result;
-}
-
-/// The pairs of controls that one key with Alt would reach.
-QStringList sharedMnemonics(const QMap<QString, QString> &texts)
-{
-    QStringList shared;
-    QMap<QChar, QString> taken;
-    for (auto text = texts.begin(); text != texts.end(); ++text) {
-        const QChar letter = mnemonicOf(text.value());
-        if (letter.isNull())
-            continue;
-        if (taken.contains(letter))
-            shared << text.key() + " and " + taken[letter];
-        taken[letter] = text.key();
-    }
-    return shared;
-}
-
-void expectNamedAndLabelled(const QWidget &form)
-{
-    EXPECT_FALSE(form.objectName().isEmpty());
-    const QList<QWidget *> inputs = inputsOf(form);
-    EXPECT_FALSE(inputs.isEmpty());
-    QSet<QString> names;
-    for (const QWidget *input : inputs) {
-        const std::string what =
-            QStringLiteral("%1 %2").arg(input->metaObject()->className(), input->objectName()).toStdString();
-        EXPECT_FALSE(input->objectName().isEmpty()) << what;
-        EXPECT_FALSE(names.contains(input->objectName())) << what << " stands twice";
-        EXPECT_TRUE(hasLabel(form, *input)) << what << " has no label";
-        names << input->objectName();
-    }
-    for (const QLabel *label : form.findChildren<QLabel *>()) {
-        if (!isToolkitsOwn(*label)) {
-            EXPECT_FALSE(label->objectName().isEmpty()) << "the label " << label->text().toStdString();
-        }
-    }
-}
-
-/// The controls that the Tab key passes through, from the one that has the focus until it comes round.
-QStringList tabRound(QWidget &form)
-{
-    QStringList names;
-    const QWidget *first = form.window()->focusWidget();
-    EXPECT_NE(first, nullptr) << "nothing has the focus";
-    if (!first)
-        return names;
-    const QWidget *at = first;
-    do {
-        names << at->objectName();
-        key(form, Qt::Key_Tab);
-        at = form.window()->focusWidget();
-    } while (at && at != first && names.size() < 1000);
-    return names;
-}
-
-void expectReachableByTab(const QWidget &form, const QStringList &round)
-{
-    for (const QWidget *input : inputsOf(form)) {
-        if (input->isVisible() && input->isEnabled() && !qobject_cast<const QToolButton *>(input)) {
-            EXPECT_TRUE(round.contains(input->objectName())) << input->objectName().toStdString();
-        }
-    }
-}
 
 class Structure : public Program
 {

@@ -220,6 +220,11 @@ struct Pair
     const plain::Flags &plain;
 };
 
+void PrintTo(const Pair &pair, std::ostream *stream)
+{
+    *stream << pair.name;
+}
+
 // clang-format off
 const std::array pairs {
     Pair {"File",             fileFlags,             plain::file},
@@ -246,7 +251,7 @@ class FlagProperty : public testing::TestWithParam<Pair>
 };
 
 INSTANTIATE_TEST_SUITE_P(Alphabets, FlagProperty, testing::ValuesIn(pairs),
-                         [](const auto &tested) { return QString(tested.param.name).toStdString(); });
+                         [](const auto &tested) { return tested.param.name; });
 
 /// What the grammar looks at, in every neighbourhood.
 QStringList anyPieces(const plain::Flags &flags)

@@ -187,7 +187,13 @@ void showActive(QWidget &window)
 {
     window.show();
     window.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    awaitActive(window);
+}
+
+void awaitActive(const QWidget &window)
+{
+    // Not QTest::qWaitForWindowActive(): for that, a window is active as soon as the one is that it stands in front of.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == window.window(); }));
 }
 
 void failMissing(const QObject &window, const char *name)

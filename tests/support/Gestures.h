@@ -57,6 +57,9 @@ void chooseInFileDialog(QWidget &dialog, const QString &name);
 /// Shows window and waits until it is active.
 void showActive(QWidget &window);
 
+/// Waits until window, which has been shown, is active.
+void awaitActive(const QWidget &window);
+
 void failMissing(const QObject &window, const char *name);
 
 template<class T>

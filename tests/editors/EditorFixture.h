@@ -1,0 +1,82 @@
+#pragma once
+
+#include "editors/ItemEditorForm.h"
+#include "editors/ItemEditors.h"
+#include "tests/editors/FakeDocument.h"
+#include "tests/support/FakeMessages.h"
+#include "tests/support/Gestures.h"
+#include "tests/support/Printers.h"
+
+#include <QLineEdit>
+#include <QPointer>
+#include <QTest>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+/// Item editors over a document of rows, opened as a document opens them.
+class Editors : public testing::Test
+{
+protected:
+    Editors()
+    {
+        editors.setParentWindow(&window);
+        showActive(window);
+    }
+
+    void prepare(ItemEditor &editor)
+    {
+        editor.setWindowToAffect(document);
+        editor.setHost(QString());
+        editor.setRemoteFlag(false);
+    }
+
+    ItemEditorForm &openForNew(ItemEditor &editor)
+    {
+        prepare(editor);
+        editor.setWindowAddFlag(true);
+        editor.setOKButtonCaption("Add");
+        editor.SetDefaultItem();
+        editor.Show();
+        auto &form = dynamic_cast<ItemEditorForm &>(editor);
+        awaitActive(form);
+        return form;
+    }
+
+    ItemEditorForm &openForRow(ItemEditor &editor, qint16 row)
+    {
+        prepare(editor);
+        editor.setWindowAddFlag(false);
+        editor.setOKButtonCaption("Apply");
+        editor.setWindowAddItem(row);
+        editor.Show();
+        auto &form = dynamic_cast<ItemEditorForm &>(editor);
+        awaitActive(form);
+        editor.SetItem(document.rows[row]);
+        return form;
+    }
+
+    ItemEditorForm &add(ItemKind kind) { return openForNew(editors.newEditor(kind)); }
+    ItemEditorForm &edit(ItemKind kind, qint16 row) { return openForRow(editors.sharedEditor(kind), row); }
+
+    /// The text of a field.
+    [[nodiscard]] static QString textOf(const QWidget &form, const char *field)
+    {
+        return control<QLineEdit>(form, field)->text();
+    }
+
+    /// Puts text in place of what a field shows, as from the clipboard.
+    static void enter(const QWidget &form, const char *field, const QString &text)
+    {
+        auto *edit = control<QLineEdit>(form, field);
+        ASSERT_TRUE(edit->isVisible() && edit->isEnabled()) << field;
+        edit->selectAll();
+        edit->insert(text);
+    }
+
+    FakeMessages messages;
+    const UseMessages use{messages};
+    FakeDocument document;
+    QWidget window;
+    ItemEditors editors{messages};
+};

@@ -1,0 +1,141 @@
+#include "config/ItemKind.h"
+#include "editors/ConfigDialogFlags.h"
+#include "editors/ConfigDialogPrefix.h"
+#include "tests/editors/EditorFixture.h"
+#include "tests/support/FormStructure.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+
+namespace {
+
+/// Holds for every form of every kind that has one, and for the choosers.
+class EditorStructure : public Editors
+{
+protected:
+    [[nodiscard]] QList<QDialog *> forms()
+    {
+        QList<QDialog *> result{new ConfigDialogFlags(&window), new ConfigDialogPrefix(m_prefix, &window)};
+        for (const ItemKindRow &row : itemKinds) {
+            if (editors.hasEditor(row.kind)) {
+                ItemEditor &editor = editors.newEditor(row.kind);
+                prepare(editor);
+                editor.setWindowAddFlag(true);
+                result << &dynamic_cast<ItemEditorForm &>(editor);
+            }
+        }
+        return result;
+    }
+
+    /// Every form, open and with what is disabled at first enabled.
+    void withEachOpen(const std::function<void(QDialog &)> &check)
+    {
+        for (QDialog *form : forms()) {
+            SCOPED_TRACE(form->objectName().toStdString());
+            show(*form);
+            for (QCheckBox *option : form->findChildren<QCheckBox *>())
+                option->setChecked(true);
+            check(*form);
+            form->close();
+        }
+    }
+
+    static void show(QDialog &form)
+    {
+        if (auto *editor = qobject_cast<ItemEditorForm *>(&form))
+            editor->Show();
+        showActive(form);
+    }
+
+private:
+    QLineEdit m_prefix;
+};
+
+TEST_F(EditorStructure, EveryControlIsNamedAndLabelled)
+{
+    withEachOpen([](QDialog &form) {
+        expectNamedAndLabelled(form);
+        EXPECT_FALSE(form.windowTitle().isEmpty());
+    });
+}
+
+TEST_F(EditorStructure, MnemonicsAreUnique)
+{
+    withEachOpen([](QDialog &form) { EXPECT_EQ(sharedMnemonics(mnemonicTexts(form)), QStringList()); });
+}
+
+TEST_F(EditorStructure, EveryControlIsReachedByTabFromTheFirstOn)
+{
+    withEachOpen([](QDialog &form) {
+        const QList<QWidget *> inputs = inputsOf(form);
+        EXPECT_EQ(form.focusWidget(), inputs.first());
+        const QStringList round = tabRound(form);
+        expectReachableByTab(form, round);
+        EXPECT_EQ(round.mid(round.size() - 2), (QStringList{"OKButton", "CancelButton"}));
+    });
+}
+
+TEST_F(EditorStructure, TabGoesAsTheFormIsRead)
+{
+    // From top to bottom; within a frame down its columns.
+    withEachOpen([](QDialog &form) {
+        const QWidget *above = nullptr;
+        for (const QString &name : tabRound(form)) {
+            const QWidget *at = form.findChild<QWidget *>(name);
+            if (above && above->parentWidget() == at->parentWidget() && !qobject_cast<const QCheckBox *>(at)) {
+                const int down = at->mapTo(&form, QPoint()).y() - above->mapTo(&form, QPoint()).y();
+                const bool isBeside = qAbs(down) < at->height() / 2;
+                EXPECT_TRUE(isBeside ? at->x() > above->x() : down > 0)
+                    << name.toStdString() << " behind " << above->objectName().toStdString();
+            }
+            above = at;
+        }
+    });
+}
+
+TEST_F(EditorStructure, EnterPressesOKAndEscapeCancels)
+{
+    withEachOpen([](QDialog &form) {
+        EXPECT_TRUE(control<QPushButton>(form, "OKButton")->isDefault());
+        EXPECT_FALSE(control<QPushButton>(form, "CancelButton")->isDefault());
+        key(form, Qt::Key_Escape);
+        EXPECT_FALSE(form.isVisible());
+    });
+}
+
+TEST_F(EditorStructure, NoFieldGivesTheDocumentALineBreak)
+{
+    for (QDialog *form : forms()) {
+        SCOPED_TRACE(form->objectName().toStdString());
+        if (!form->inherits("ItemEditorForm"))
+            continue;
+        show(*form);
+        for (QCheckBox *option : form->findChildren<QCheckBox *>())
+            option->setChecked(true);
+        for (QLineEdit *field : form->findChildren<QLineEdit *>())
+            field->setText("a\r\nb");
+        const qsizetype before = document.rows.size();
+        press(*form, "OKButton");
+        ASSERT_EQ(document.rows.size(), before + 1);
+        EXPECT_FALSE(document.rows.last().contains(u'\r') || document.rows.last().contains(u'\n'))
+            << document.rows.last().toStdString();
+    }
+}
+
+TEST_F(EditorStructure, NoFieldCutsItsTextOff)
+{
+    withEachOpen([](QDialog &form) {
+        for (const QLineEdit *field : form.findChildren<QLineEdit *>())
+            EXPECT_GT(field->maxLength(), 1'000'000) << field->objectName().toStdString();
+    });
+}
+
+TEST_F(EditorStructure, EverythingFitsASmallScreen)
+{
+    withEachOpen([](QDialog &form) {
+        EXPECT_LE(form.minimumSizeHint().width(), 1000);
+        EXPECT_LE(form.minimumSizeHint().height(), 700);
+    });
+}
+
+} // namespace
