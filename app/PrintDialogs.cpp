@@ -37,7 +37,8 @@ bool PrintDialogs::ShowPrint(const QString &documentName)
     if (printer().outputFormat() == QPrinter::PdfFormat) {
         const QString last = printer().outputFileName();
         const QDir folder(last.isEmpty() ? QDir::homePath() : QFileInfo(last).path());
-        printer().setOutputFileName(folder.filePath(QFileInfo(documentName).completeBaseName() + QLatin1String(".pdf")));
+        printer().setOutputFileName(
+            folder.filePath(QFileInfo(documentName).completeBaseName() + QLatin1String(".pdf")));
     }
     return run<QPrintDialog>(QStringLiteral("PrintDialog"), QStringLiteral("Print"));
 }

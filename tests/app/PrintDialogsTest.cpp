@@ -127,9 +127,8 @@ TEST_F(Printing, NextProposalIsInTheFolderLastPrintedTo)
 {
     acceptIn("mnuFilePrint", [this](QWidget &dialog) { control<QLineEdit>(dialog, "filename")->setText(at("x.pdf")); });
     trigger(*window, "mnuFileNew");
-    const auto asked = onNextDialog([this](QWidget &dialog) {
-        EXPECT_EQ(control<QLineEdit>(dialog, "filename")->text(), at("Document 2.pdf"));
-    });
+    const auto asked = onNextDialog(
+        [this](QWidget &dialog) { EXPECT_EQ(control<QLineEdit>(dialog, "filename")->text(), at("Document 2.pdf")); });
     trigger(*window, "mnuFilePrint");
     EXPECT_TRUE(asked->handled);
 }

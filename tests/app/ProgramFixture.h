@@ -49,8 +49,10 @@ protected:
     /// Starts the program as main() does.
     void start(const QStringList &paths = {})
     {
-        window = std::make_unique<frmMain>(
-            frmMain::Services{*files, settings, messages, editors, preferences, &associations}, programPath);
+        window = std::make_unique<frmMain>(frmMain::Services{*files, settings, messages, editors, preferences,
+                                                             optional.associations, optional.globalSettings,
+                                                             optional.help, optional.showOptions, optional.showAbout},
+                                           programPath);
         window->LoadAll(paths);
         showActive(*window);
         settle();
@@ -125,6 +127,15 @@ protected:
     FakeMessages messages;
     FakeEditors editors;
     FakePreferences preferences;
+    /// What the program may be without. A test gives what it needs before it starts the program.
+    struct
+    {
+        AssociationCheck *associations = nullptr;
+        GlobalSettingsEditor *globalSettings = nullptr;
+        Help *help = nullptr;
+        std::function<void(QWidget &)> showOptions;
+        std::function<void(QWidget &)> showAbout;
+    } optional{&associations, nullptr, nullptr, {}, {}};
     const UseMessages use{messages};
     ProgramPathForm programPath{QStringLiteral("/"), QString()};
     std::unique_ptr<frmMain> window;
