@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QScopeGuard>
 #include <QScrollBar>
+#include <QStyleOptionTitleBar>
 
 #include <algorithm>
 
@@ -152,23 +153,30 @@ bool DocumentArea::closeAll()
 
 void DocumentArea::cascade()
 {
-    const KeptFront front(*this);
-    cascadeSubWindows();
+    const QList<QMdiSubWindow *> arranged = windows(StackingOrder, false);
+    if (arranged.isEmpty())
+        return;
+    QStyleOptionTitleBar option;
+    const int step = style()->pixelMetric(QStyle::PM_TitleBarHeight, &option, arranged.first()) +
+                     style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, arranged.first());
+    arrange(arranged, [step](const QSize &area, int count, const QSize &minimum) {
+        return cascaded(area, count, minimum, step);
+    });
 }
 
 void DocumentArea::tileOneAboveTheOther()
 {
-    tile(tiledOneAboveTheOther);
+    arrange(windows(CreationOrder, false), tiledOneAboveTheOther);
 }
 
 void DocumentArea::tileSideBySide()
 {
-    tile(tiledSideBySide);
+    arrange(windows(CreationOrder, false), tiledSideBySide);
 }
 
 void DocumentArea::arrangeIcons()
 {
-    const QList<QMdiSubWindow *> icons = windows(true);
+    const QList<QMdiSubWindow *> icons = windows(CreationOrder, true);
     if (icons.isEmpty())
         return;
     const QList<QPoint> corners = iconCorners(viewport()->size(), int(icons.size()), icons.first()->size());
@@ -240,22 +248,18 @@ void DocumentArea::forgetDocument(ConfigForm *document)
         m_activeDocument = nullptr;
 }
 
-QList<QMdiSubWindow *> DocumentArea::windows(bool areMinimised) const
+QList<QMdiSubWindow *> DocumentArea::windows(WindowOrder order, bool areMinimised) const
 {
-    QList<QMdiSubWindow *> found;
-    for (const ConfigForm *document : m_documents) {
-        if (windowOf(*document)->isMinimized() == areMinimised)
-            found << windowOf(*document);
-    }
+    QList<QMdiSubWindow *> found = subWindowList(order);
+    found.removeIf([areMinimised](const QMdiSubWindow *window) { return window->isMinimized() != areMinimised; });
     return found;
 }
 
-void DocumentArea::tile(QList<QRect> (*tiles)(const QSize &area, int count, const QSize &minimum))
+void DocumentArea::arrange(const QList<QMdiSubWindow *> &arranged, const Places &placesIn)
 {
     const KeptFront front(*this);
-    const QList<QMdiSubWindow *> tiled = windows(false);
     QSize minimum;
-    for (QMdiSubWindow *window : tiled) {
+    for (QMdiSubWindow *window : arranged) {
         if (window->isMaximized())
             window->showNormal();
         minimum = minimum.expandedTo(window->minimumSizeHint());
@@ -265,17 +269,17 @@ void DocumentArea::tile(QList<QRect> (*tiles)(const QSize &area, int count, cons
     verticalScrollBar()->setValue(0);
 
     QSize area = maximumViewportSize();
-    const QList<QMdiSubWindow *> icons = windows(true);
+    const QList<QMdiSubWindow *> icons = windows(CreationOrder, true);
     if (!icons.isEmpty())
         area.setHeight(iconCorners(area, int(icons.size()), icons.first()->size()).constLast().y());
-    QList<QRect> places = tiles(area, int(tiled.size()), minimum);
+    const int count = int(arranged.size());
     // Where windows reach beyond one edge, the scroll bar takes room at the other.
-    const QSize needed = boundingSize(places);
+    const QSize needed = boundingSize(placesIn(area, count, minimum));
     if (needed.height() > area.height())
         area.rwidth() -= verticalScrollBar()->sizeHint().width();
     else if (needed.width() > area.width())
         area.rheight() -= horizontalScrollBar()->sizeHint().height();
-    places = tiles(area, int(tiled.size()), minimum);
-    for (qsizetype i = 0; i < tiled.size(); ++i)
-        tiled.at(i)->setGeometry(places.at(i));
+    const QList<QRect> places = placesIn(area, count, minimum);
+    for (qsizetype i = 0; i < arranged.size(); ++i)
+        arranged.at(i)->setGeometry(places.at(i));
 }

@@ -4,6 +4,7 @@
 
 #include <QMdiArea>
 
+#include <functional>
 #include <vector>
 
 /// The document windows of the main window: it makes, opens, closes and arranges them, and knows the active document.
@@ -38,7 +39,8 @@ public:
     /// Closes every document. @return false when one stayed open
     [[nodiscard]] bool closeAll();
 
-    /// Each arranges the document windows; minimised ones are left out.
+    /// Each arranges the document windows, in the order in which they were opened or, one behind the other, stand now;
+    /// minimised ones are left out.
     void cascade();
     void tileOneAboveTheOther();
     void tileSideBySide();
@@ -53,8 +55,11 @@ private:
     void setActiveDocument(ConfigForm *document);
     void forgetDocument(ConfigForm *document);
 
-    [[nodiscard]] QList<QMdiSubWindow *> windows(bool areMinimised) const;
-    void tile(QList<QRect> (*tiles)(const QSize &area, int count, const QSize &minimum));
+    /// A way to arrange windows, as in app/Tiling.h.
+    using Places = std::function<QList<QRect>(const QSize &area, int count, const QSize &minimum)>;
+
+    [[nodiscard]] QList<QMdiSubWindow *> windows(WindowOrder order, bool areMinimised) const;
+    void arrange(const QList<QMdiSubWindow *> &arranged, const Places &placesIn);
 
     ConfigForm::Services m_services;
     std::vector<ConfigForm *> m_documents;

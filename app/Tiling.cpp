@@ -23,6 +23,17 @@ QList<QRect> tiledSideBySide(const QSize &area, int count, const QSize &minimum)
     return tiles;
 }
 
+QList<QRect> cascaded(const QSize &area, int count, const QSize &minimum, int step)
+{
+    const QSize size = (area * 3 / 4).expandedTo(minimum);
+    const QSize room = area - size;
+    const int inRow = std::max(0, std::min(room.width(), room.height())) / step + 1;
+    QList<QRect> places;
+    for (int i = 0; i < count; ++i)
+        places << QRect(QPoint(step, step) * (i % inRow), size);
+    return places;
+}
+
 QList<QPoint> iconCorners(const QSize &area, int count, const QSize &icon)
 {
     const int inRow = std::max(1, area.width() / std::max(1, icon.width()));

@@ -13,6 +13,7 @@ TEST(Tiling, NoWindowsHaveNoPlaces)
 {
     EXPECT_TRUE(tiledOneAboveTheOther({800, 600}, 0, noMinimum).isEmpty());
     EXPECT_TRUE(tiledSideBySide({800, 600}, 0, noMinimum).isEmpty());
+    EXPECT_TRUE(cascaded({800, 600}, 0, noMinimum, 30).isEmpty());
     EXPECT_TRUE(iconCorners({800, 600}, 0, {160, 30}).isEmpty());
 }
 
@@ -80,6 +81,44 @@ TEST(Tiling, FillsAnyAreaWithAnyNumberOfWindowsOfAboutOneSize)
             EXPECT_LE(qAbs(column.width() - area.width() / count), 1);
         for (const QRect &row : rows)
             EXPECT_LE(qAbs(row.height() - area.height() / count), 1);
+    }
+}
+
+TEST(Cascade, StepsRightAndDown)
+{
+    EXPECT_EQ(cascaded({800, 400}, 3, noMinimum, 30),
+              (QList<QRect>{{0, 0, 600, 300}, {30, 30, 600, 300}, {60, 60, 600, 300}}));
+}
+
+TEST(Cascade, BeginsAnewWhereTheNextWindowWouldReachBeyondTheArea)
+{
+    // There are 100 pixels below the first window.
+    EXPECT_EQ(cascaded({800, 400}, 6, noMinimum, 30), (QList<QRect>{{0, 0, 600, 300},
+                                                                    {30, 30, 600, 300},
+                                                                    {60, 60, 600, 300},
+                                                                    {90, 90, 600, 300},
+                                                                    {0, 0, 600, 300},
+                                                                    {30, 30, 600, 300}}));
+}
+
+TEST(Cascade, StaysWhereItIsInAnAreaThatIsTooSmall)
+{
+    EXPECT_EQ(cascaded({200, 100}, 2, {300, 250}, 30), (QList<QRect>{{0, 0, 300, 250}, {0, 0, 300, 250}}));
+}
+
+TEST(Cascade, KeepsAnyNumberOfWindowsInAnyAreaThatHoldsOne)
+{
+    Random random(8);
+    for (int round = 0; round < 1000; ++round) {
+        const QSize area(random.number(1, 4000), random.number(1, 4000));
+        const QSize minimum(random.number(0, area.width()), random.number(0, area.height()));
+        const int count = random.number(0, 40);
+        const QList<QRect> places = cascaded(area, count, minimum, random.number(1, 60));
+        ASSERT_EQ(places.size(), count);
+        for (const QRect &place : places) {
+            EXPECT_TRUE(QRect(QPoint(0, 0), area).contains(place));
+            EXPECT_EQ(place.size().expandedTo(minimum), place.size());
+        }
     }
 }
 
