@@ -14,6 +14,8 @@ bool isForbidden(DWORD error)
     case ERROR_WRITE_PROTECT:
     case ERROR_NETWORK_ACCESS_DENIED:
     case ERROR_FILENAME_EXCED_RANGE:
+    case ERROR_INVALID_OWNER:
+    case ERROR_INVALID_PRIMARY_GROUP:
         return true;
     default:
         return false;
@@ -47,16 +49,17 @@ WindowsDraft::~WindowsDraft()
 }
 
 std::optional<WindowsDraft> WindowsDraft::make(WindowsCalls &calls, const WindowsPath &target,
-                                               SECURITY_DESCRIPTOR *security)
+                                               SECURITY_DESCRIPTOR *security, DWORD attributes)
 {
     const QString number = QString::number(QRandomGenerator::system()->generate64(), 16);
     const QString name = target.sibling(QStringLiteral(".zentilconf-%1.tmp").arg(number));
-    SECURITY_ATTRIBUTES attributes = {sizeof attributes, security, FALSE};
+    SECURITY_ATTRIBUTES given = {sizeof given, security, FALSE};
     WindowsFile file = WindowsFile::tryOpen(calls, WindowsPath(target.shown(), name),
                                             {.access = GENERIC_WRITE | DELETE,
                                              .share = FILE_SHARE_DELETE,
                                              .disposition = CREATE_NEW,
-                                             .security = security ? &attributes : nullptr});
+                                             .security = security ? &given : nullptr,
+                                             .attributes = attributes});
     if (file.isOpen())
         return WindowsDraft(calls, std::move(file), name);
     if (isForbidden(file.error()))
@@ -68,7 +71,7 @@ void WindowsDraft::complete()
 {
     m_file.sync();
     if (m_goesWithHandle && !m_calls.setDeleteOnClose(m_file.handle(), false))
-        WindowsFile::raise(GetLastError(), m_name);
+        WindowsFile::raise(GetLastError(), readablePath(m_name));
     m_goesWithHandle = false;
     m_file.close();
 }
@@ -97,10 +100,13 @@ bool WindowsDraft::replace(const WindowsPath &target)
         (void)m_calls.deleteFile(backup);
         return true;
     }
-    if (GetLastError() == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2 &&
-        !m_calls.moveFile(backup, target.native(), MOVEFILE_WRITE_THROUGH)) {
+    // The error tells between which steps the call stopped, but file servers do not all keep to that: what is there
+    // tells it too.
+    const bool hasLostItsName =
+        m_calls.getFileAttributes(target.native()) == INVALID_FILE_ATTRIBUTES && GetLastError() == ERROR_FILE_NOT_FOUND;
+    if (hasLostItsName && !m_calls.moveFile(backup, target.native(), MOVEFILE_WRITE_THROUGH)) {
         WindowsFile::raise(GetLastError(), target.shown(),
-                           QStringLiteral("The file is now called \"%1\".").arg(backup));
+                           QStringLiteral("The file is now called \"%1\".").arg(readablePath(backup)));
     }
     return false;
 }

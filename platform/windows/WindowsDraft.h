@@ -11,11 +11,13 @@ class WindowsDraft final
 {
 public:
     /// @param target the file whose place it is to take; it need not exist
-    /// @param security who may open the draft; null for what the folder says
-    /// @return nothing where no file can be made in the folder because that is not permitted
+    /// @param security the draft's owner and who may open it; null for what the folder says
+    /// @param attributes of the draft
+    /// @return nothing where no such file can be made in the folder because that is not permitted
     /// @throws RuntimeError for every other failure
     [[nodiscard]] static std::optional<WindowsDraft> make(WindowsCalls &calls, const WindowsPath &target,
-                                                          SECURITY_DESCRIPTOR *security);
+                                                          SECURITY_DESCRIPTOR *security,
+                                                          DWORD attributes = FILE_ATTRIBUTE_NORMAL);
 
     WindowsDraft(WindowsDraft &&other) noexcept;
     WindowsDraft(const WindowsDraft &) = delete;

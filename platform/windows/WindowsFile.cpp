@@ -81,7 +81,7 @@ WindowsFile WindowsFile::tryOpen(WindowsCalls &calls, const WindowsPath &path, c
     if (path.native().isEmpty())
         return {calls, path.shown(), INVALID_HANDLE_VALUE, ERROR_INVALID_NAME};
     const HANDLE file = calls.createFile(path.native(), opening.access, opening.share, opening.security,
-                                         opening.disposition, FILE_ATTRIBUTE_NORMAL);
+                                         opening.disposition, opening.attributes);
     return {calls, path.shown(), file, file == INVALID_HANDLE_VALUE ? GetLastError() : 0};
 }
 

@@ -22,6 +22,7 @@ public:
         DWORD share;
         DWORD disposition;
         SECURITY_ATTRIBUTES *security = nullptr;
+        DWORD attributes = FILE_ATTRIBUTE_NORMAL;
     };
 
     /// A file that is not open; error() tells why when it comes from tryOpen().

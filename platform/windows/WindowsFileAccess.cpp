@@ -6,6 +6,7 @@
 #include "platform/windows/WindowsFile.h"
 #include "platform/windows/WindowsPath.h"
 
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -62,7 +63,8 @@ void WindowsFileAccess::readFile(const QString &path, const TakeBytes &take)
 
 void WindowsFileAccess::writeFile(const QString &path, QByteArrayView bytes)
 {
-    const WindowsPath target = followLink(WindowsPath(path));
+    const std::optional<WindowsPath> end = followLink(WindowsPath(path));
+    const WindowsPath target = end.value_or(WindowsPath(path));
     if (isFolder(target))
         WindowsFile::raise(ERROR_DIRECTORY, path);
     finishReplacement(target);
@@ -82,7 +84,7 @@ void WindowsFileAccess::writeFile(const QString &path, QByteArrayView bytes)
         if ((information.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0)
             WindowsFile::raise(ERROR_ACCESS_DENIED, path);
     }
-    if (information.nNumberOfLinks > 1 || !replaceFile(target, bytes))
+    if (!end || information.nNumberOfLinks > 1 || !replaceFile(target, bytes, information))
         writeInPlace(target, bytes);
 }
 
@@ -92,22 +94,22 @@ bool WindowsFileAccess::isFolder(const WindowsPath &path) const
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-WindowsPath WindowsFileAccess::followLink(const WindowsPath &path) const
+std::optional<WindowsPath> WindowsFileAccess::followLink(const WindowsPath &path) const
 {
     const DWORD attributes = m_calls->getFileAttributes(path.native());
     if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
         return path;
     const WindowsFile file = WindowsFile::tryOpen(*m_calls, path, forReading);
     if (!file.isOpen())
-        return path;
+        return std::nullopt;
     std::vector<wchar_t> buffer(MAX_PATH);
     for (;;) {
         const auto size = static_cast<DWORD>(buffer.size());
         const DWORD length = m_calls->getFinalPathName(file.handle(), buffer.data(), size);
         if (length == 0)
-            return path;
+            return std::nullopt;
         if (length < size)
-            return {path.shown(), QString::fromWCharArray(buffer.data(), static_cast<qsizetype>(length))};
+            return WindowsPath(path.shown(), QString::fromWCharArray(buffer.data(), static_cast<qsizetype>(length)));
         buffer.resize(length);
     }
 }
@@ -129,11 +131,12 @@ void WindowsFileAccess::createFile(const WindowsPath &target, QByteArrayView byt
         return;
     }
     std::optional<WindowsDraft> draft = WindowsDraft::make(*m_calls, target, nullptr);
-    if (!draft)
-        WindowsFile::raise(ERROR_ACCESS_DENIED, target.shown());
-    draft->file().write(bytes);
-    if (!draft->moveTo(target))
-        createDirectly(target, bytes); // a folder where files may be made, but not renamed
+    if (draft)
+        draft->file().write(bytes);
+    // Without a draft the system tells why the file itself cannot be made. And in some folders files may be made, but
+    // not renamed.
+    if (!draft || !draft->moveTo(target))
+        createDirectly(target, bytes);
 }
 
 void WindowsFileAccess::createDirectly(const WindowsPath &target, QByteArrayView bytes)
@@ -150,15 +153,22 @@ void WindowsFileAccess::createDirectly(const WindowsPath &target, QByteArrayView
     file.close();
 }
 
-bool WindowsFileAccess::replaceFile(const WindowsPath &target, QByteArrayView bytes)
+bool WindowsFileAccess::replaceFile(const WindowsPath &target, QByteArrayView bytes,
+                                    const BY_HANDLE_FILE_INFORMATION &old)
 {
-    // The draft may never be read by more people than the file. The rest of the old file's security comes with the
-    // replacement itself.
-    QByteArray access = accessList(target);
-    if (access.isEmpty())
+    // Not every file server gives a replacement these of the old file.
+    constexpr DWORD kept =
+        FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+    const DWORD attributes = old.dwFileAttributes & kept;
+    // The draft may never be read by more people than the file. The replacement takes over the old file's access list,
+    // but not its owner; where a draft of that owner cannot be made, the file is written in place and stays whose it
+    // is.
+    QByteArray security = securityOf(target);
+    if (security.isEmpty())
         return false;
     std::optional<WindowsDraft> draft =
-        WindowsDraft::make(*m_calls, target, reinterpret_cast<SECURITY_DESCRIPTOR *>(access.data()));
+        WindowsDraft::make(*m_calls, target, reinterpret_cast<SECURITY_DESCRIPTOR *>(security.data()),
+                           attributes != 0 ? attributes : FILE_ATTRIBUTE_NORMAL);
     if (!draft)
         return false;
     draft->file().write(bytes);
@@ -191,13 +201,14 @@ void WindowsFileAccess::writeInPlace(const WindowsPath &target, QByteArrayView b
     copy.drop();
 }
 
-QByteArray WindowsFileAccess::accessList(const WindowsPath &path) const
+QByteArray WindowsFileAccess::securityOf(const WindowsPath &path) const
 {
+    constexpr SECURITY_INFORMATION parts =
+        OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION;
     DWORD needed = 0;
-    (void)m_calls->getFileSecurity(path.native(), DACL_SECURITY_INFORMATION, nullptr, 0, &needed);
+    (void)m_calls->getFileSecurity(path.native(), parts, nullptr, 0, &needed);
     QByteArray descriptor(static_cast<qsizetype>(needed), Qt::Uninitialized);
-    if (needed == 0 ||
-        !m_calls->getFileSecurity(path.native(), DACL_SECURITY_INFORMATION, descriptor.data(), needed, &needed))
+    if (needed == 0 || !m_calls->getFileSecurity(path.native(), parts, descriptor.data(), needed, &needed))
         return {};
     return descriptor;
 }

@@ -6,6 +6,11 @@
 
 namespace {
 
+constexpr QLatin1String share("\\\\");
+constexpr QLatin1String device("\\\\.\\");
+constexpr QLatin1String extended("\\\\?\\");
+constexpr QLatin1String extendedShare("\\\\?\\UNC\\");
+
 QString fullPath(const QString &path)
 {
     if (path.isEmpty() || path.contains(QChar(u'\0')))
@@ -52,9 +57,15 @@ QString WindowsPath::backup() const
 QString extendedPath(const QString &fullPath)
 {
     if (isDrivePath(fullPath))
-        return QStringLiteral("\\\\?\\") + fullPath;
-    const bool isShare = fullPath.startsWith(QStringLiteral("\\\\")) &&
-                         !fullPath.startsWith(QStringLiteral("\\\\?\\")) &&
-                         !fullPath.startsWith(QStringLiteral("\\\\.\\"));
-    return isShare ? QStringLiteral("\\\\?\\UNC\\") + fullPath.sliced(2) : fullPath;
+        return extended + fullPath;
+    const bool isShare = fullPath.startsWith(share) && !fullPath.startsWith(extended) && !fullPath.startsWith(device);
+    return isShare ? extendedShare + fullPath.sliced(share.size()) : fullPath;
+}
+
+QString readablePath(const QString &extendedPath)
+{
+    if (extendedPath.startsWith(extendedShare))
+        return share + extendedPath.sliced(extendedShare.size());
+    const QString rest = extendedPath.startsWith(extended) ? extendedPath.sliced(extended.size()) : QString();
+    return isDrivePath(rest) ? rest : extendedPath;
 }

@@ -30,3 +30,6 @@ private:
 /// The "\\?\" form of a full path with backslashes: drive paths and shares. Anything else, such as a device or a path
 /// that has this form, stays. Source: "Naming Files, Paths, and Namespaces" of the Windows documentation.
 [[nodiscard]] QString extendedPath(const QString &fullPath);
+
+/// What extendedPath() was given: the form that a user can read and type.
+[[nodiscard]] QString readablePath(const QString &extendedPath);

@@ -1,32 +1,14 @@
-#include "platform/windows/WindowsFileAccess.h"
+#include "tests/platform/WindowsFileFixture.h"
 
 #include "platform/RuntimeError.h"
 #include "platform/windows/WindowsPath.h"
 
-#include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
-#include <gtest/gtest.h>
-
-#include <functional>
 #include <limits>
 #include <utility>
 
 namespace {
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArrayLiteral("<no file>");
-}
-
-void store(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    ASSERT_EQ(file.write(bytes), bytes.size());
-}
 
 /// Large content in a few words, for the report of a test that fails.
 std::string brief(const QByteArray &bytes)
@@ -142,18 +124,27 @@ private:
     int m_count = 0;
 };
 
+class WindowsFileAccessTest : public WindowsFileFixture
+{
+protected:
+    const QByteArray m_old = QByteArray(700'000, 'o') + "old end\r\n";
+    const QByteArray m_new = QByteArray(900'000, 'n') + "new end\r\n";
+};
+
 /// ReplaceFile refuses with one of its own error codes, after what the Windows documentation says of that code.
 class RefusingCalls final : public WindowsCalls
 {
 public:
-    explicit RefusingCalls(DWORD error)
+    /// @param isHalfDone whether the old file has its other name by then
+    RefusingCalls(DWORD error, bool isHalfDone)
         : m_error(error)
+        , m_isHalfDone(isHalfDone)
     {
     }
 
     bool replaceFile(const QString &replaced, const QString &, const QString &backup) override
     {
-        if (m_error == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2)
+        if (m_isHalfDone)
             (void)WindowsCalls::moveFile(replaced, backup, 0);
         SetLastError(m_error);
         return false;
@@ -161,64 +152,59 @@ public:
 
 private:
     DWORD m_error;
+    bool m_isHalfDone;
 };
 
-class WindowsFileAccessTest : public testing::Test
+/// ReplaceFile stops half way, and the old file does not get back its name.
+class StuckCalls final : public WindowsCalls
 {
-protected:
-    [[nodiscard]] QString path(const QString &name = QStringLiteral("server.zcf")) const
+public:
+    bool moveFile(const QString &, const QString &, DWORD) override
     {
-        return QDir::toNativeSeparators(m_folder.filePath(name));
+        SetLastError(ERROR_ACCESS_DENIED);
+        return false;
     }
 
-    [[nodiscard]] WindowsFileAccess access(std::unique_ptr<WindowsCalls> calls = std::make_unique<WindowsCalls>()) const
+    bool replaceFile(const QString &replaced, const QString &, const QString &backup) override
     {
-        return {std::move(calls), QDir::toNativeSeparators(m_recovery.filePath(QStringLiteral("a/b")))};
+        (void)WindowsCalls::moveFile(replaced, backup, 0);
+        SetLastError(ERROR_UNABLE_TO_MOVE_REPLACEMENT_2);
+        return false;
+    }
+};
+
+/// One kind of call fails for one reason.
+class FailingCalls final : public WindowsCalls
+{
+public:
+    enum class Call { Open, Make, Write };
+
+    FailingCalls(Call call, DWORD error)
+        : m_call(call)
+        , m_error(error)
+    {
     }
 
-    [[nodiscard]] QByteArray read(const QString &path) const
+    HANDLE createFile(const QString &path, DWORD access, DWORD share, SECURITY_ATTRIBUTES *security, DWORD disposition,
+                      DWORD flags) override
     {
-        QByteArray bytes;
-        access().readFile(path, [&bytes](QByteArrayView piece) { bytes += piece; });
-        return bytes;
+        if (m_call != (disposition == CREATE_NEW ? Call::Make : Call::Open))
+            return WindowsCalls::createFile(path, access, share, security, disposition, flags);
+        SetLastError(m_error);
+        return INVALID_HANDLE_VALUE;
     }
 
-    /// The number of the error that operation raises, 0 when it raises none.
-    [[nodiscard]] static int errorOf(const std::function<void()> &operation)
+    bool writeFile(HANDLE file, const void *bytes, DWORD size, DWORD *count) override
     {
-        try {
-            operation();
-        } catch (const RuntimeError &error) {
-            return error.number();
-        }
-        return 0;
+        if (m_call != Call::Write)
+            return WindowsCalls::writeFile(file, bytes, size, count);
+        SetLastError(m_error);
+        return false;
     }
-
-    [[nodiscard]] int readError(const QString &path) const
-    {
-        return errorOf([&] { (void)read(path); });
-    }
-    [[nodiscard]] int writeError(const QString &path) const
-    {
-        return errorOf([&] { access().writeFile(path, "new"); });
-    }
-
-    [[nodiscard]] QStringList names() const
-    {
-        return QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
-    }
-
-    [[nodiscard]] int copies() const
-    {
-        return static_cast<int>(QDir(m_recovery.filePath(QStringLiteral("a/b"))).entryList(QDir::Files).size());
-    }
-
-    const QByteArray m_old = QByteArray(700'000, 'o') + "old end\r\n";
-    const QByteArray m_new = QByteArray(900'000, 'n') + "new end\r\n";
 
 private:
-    QTemporaryDir m_folder;
-    QTemporaryDir m_recovery;
+    Call m_call;
+    DWORD m_error;
 };
 
 // Every way in which a save can find the file: to be made, to be replaced, to be written in place; longer and shorter.
@@ -348,12 +334,84 @@ TEST_P(WindowsSaveTest, CanBeRepeatedAfterTheProcessEnded)
 
 TEST_F(WindowsFileAccessTest, WritesInPlaceWhatTheSystemDoesNotReplace)
 {
-    for (const DWORD error : {DWORD(ERROR_UNABLE_TO_REMOVE_REPLACED), DWORD(ERROR_UNABLE_TO_MOVE_REPLACEMENT),
-                              DWORD(ERROR_UNABLE_TO_MOVE_REPLACEMENT_2), DWORD(ERROR_INVALID_PARAMETER)}) {
+    const std::pair<DWORD, bool> rows[] = {
+        {ERROR_UNABLE_TO_REMOVE_REPLACED, false},
+        {ERROR_UNABLE_TO_MOVE_REPLACEMENT, false},
+        {ERROR_UNABLE_TO_MOVE_REPLACEMENT_2, true},
+        {ERROR_INVALID_PARAMETER, false},
+        // As a file server may have it that knows no such error.
+        {ERROR_ACCESS_DENIED, true},
+    };
+    for (const auto &[error, isHalfDone] : rows) {
         SCOPED_TRACE(error);
         store(path(), m_old);
-        access(std::make_unique<RefusingCalls>(error)).writeFile(path(), m_new);
+        access(std::make_unique<RefusingCalls>(error, isHalfDone)).writeFile(path(), m_new);
         EXPECT_TRUE(bytesOf(path()) == m_new) << brief(bytesOf(path()));
+        EXPECT_EQ(names(), QStringList{QStringLiteral("server.zcf")});
+        EXPECT_EQ(copies(), 0);
+    }
+}
+
+TEST_F(WindowsFileAccessTest, TellsWhereTheOldFileIsWhenItHasLostItsName)
+{
+    store(path(), m_old);
+    try {
+        access(std::make_unique<StuckCalls>()).writeFile(path(), m_new);
+        ADD_FAILURE() << "no error";
+    } catch (const RuntimeError &error) {
+        EXPECT_EQ(error.number(), RuntimeError::PermissionDenied);
+        EXPECT_EQ(error.path(), path());
+        EXPECT_EQ(error.detail(), QStringLiteral("The file is now called \"%1.zentilconf-old\".").arg(path()));
+    }
+    // Whoever reads it next gives it back its name.
+    EXPECT_TRUE(access().fileExists(path()));
+    EXPECT_TRUE(read(path()) == m_old);
+    EXPECT_EQ(names(), QStringList{QStringLiteral("server.zcf")});
+}
+
+struct Reason
+{
+    DWORD error;
+    RuntimeError::Number number;
+};
+
+// clang-format off
+constexpr Reason reasons[] = {
+    {ERROR_PATH_NOT_FOUND,       RuntimeError::PathNotFound},
+    {ERROR_INVALID_DRIVE,        RuntimeError::PathNotFound},
+    {ERROR_BAD_NETPATH,          RuntimeError::PathNotFound},
+    {ERROR_BAD_NET_NAME,         RuntimeError::PathNotFound},
+    {ERROR_ACCESS_DENIED,        RuntimeError::PermissionDenied},
+    {ERROR_SHARING_VIOLATION,    RuntimeError::PermissionDenied},
+    {ERROR_LOCK_VIOLATION,       RuntimeError::PermissionDenied},
+    {ERROR_LOGON_FAILURE,        RuntimeError::PermissionDenied},
+    {ERROR_DISK_FULL,            RuntimeError::DiskFull},
+    {ERROR_HANDLE_DISK_FULL,     RuntimeError::DiskFull},
+    {1295,                       RuntimeError::DiskFull}, // ERROR_DISK_QUOTA_EXCEEDED
+    {ERROR_FILE_TOO_LARGE,       RuntimeError::DiskFull},
+    {ERROR_WRITE_PROTECT,        RuntimeError::PathAccess},
+    {ERROR_INVALID_NAME,         RuntimeError::PathAccess},
+    {ERROR_FILENAME_EXCED_RANGE, RuntimeError::PathAccess},
+    {ERROR_CRC,                  RuntimeError::DeviceError},
+    {ERROR_NOT_READY,            RuntimeError::DeviceError},
+    {ERROR_IO_DEVICE,            RuntimeError::DeviceError},
+};
+// clang-format on
+
+TEST_F(WindowsFileAccessTest, GivesEveryReasonItsNumber)
+{
+    using Call = FailingCalls::Call;
+    for (const auto &[error, number] : reasons) {
+        SCOPED_TRACE(error);
+        store(path(), "old");
+        const auto access = [this, error = error](Call call) {
+            return this->access(std::make_unique<FailingCalls>(call, error));
+        };
+        EXPECT_EQ(errorOf([&] { access(Call::Open).readFile(path(), [](QByteArrayView) {}); }), number);
+        EXPECT_EQ(errorOf([&] { access(Call::Open).writeFile(path(), "new"); }), number);
+        EXPECT_EQ(errorOf([&] { access(Call::Write).writeFile(path(), "new"); }), number);
+        EXPECT_EQ(bytesOf(path()), "old");
+        EXPECT_EQ(errorOf([&] { access(Call::Make).writeFile(path(QStringLiteral("made.zcf")), "new"); }), number);
         EXPECT_EQ(names(), QStringList{QStringLiteral("server.zcf")});
         EXPECT_EQ(copies(), 0);
     }

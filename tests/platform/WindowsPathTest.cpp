@@ -17,8 +17,13 @@ TEST(WindowsPathTest, GivesTheFormForLongPaths)
         {QStringLiteral("\\\\.\\nul"), QStringLiteral("\\\\.\\nul")},
         {QString(), QString()},
     };
-    for (const auto &[path, extended] : rows)
+    for (const auto &[path, extended] : rows) {
         EXPECT_EQ(extendedPath(path), extended);
+        EXPECT_EQ(readablePath(extended), path.startsWith(QStringLiteral("\\\\?\\")) ? path.sliced(4) : path);
+    }
+    // Without its beginning this would be another path.
+    const QString volume = QStringLiteral("\\\\?\\Volume{1}\\a");
+    EXPECT_EQ(readablePath(volume), volume);
 }
 
 TEST(WindowsPathTest, CountsARelativePathFromTheCurrentFolder)
