@@ -33,6 +33,29 @@ constexpr int progressInterval = 100;
 /// The default editor that edits every item as a line of text.
 constexpr qint16 editAsLine = 1;
 
+/// Whether every item is edited as a line of text. Not so for a user who has no rights to the machine's settings:
+/// reading one makes the key that it stands in, and documents are to be edited all the same.
+bool isEditedAsLine(const DocumentPreferences &preferences)
+{
+    try {
+        return preferences.Edit() == editAsLine;
+    } catch (const RuntimeError &error) {
+        if (error.number() == RuntimeError::RegistryError)
+            return false;
+        throw;
+    }
+}
+
+/// What a document of a remote host starts with. A setting that cannot be read keeps no document from being opened.
+bool isRemoteWanted(const DocumentPreferences &preferences)
+{
+    try {
+        return preferences.remote() != 0;
+    } catch (const RuntimeError &) {
+        return false;
+    }
+}
+
 } // namespace
 
 ConfigForm::ConfigForm(const Services &services, QWidget *parent)
@@ -49,12 +72,7 @@ ConfigForm::ConfigForm(const Services &services, QWidget *parent)
     m_ui.list->setModel(&m_rows);
     for (const ItemKindRow &row : itemKinds)
         m_ui.newItemList->setKindEnabled(row.kind, m_services.editors.hasEditor(row.kind));
-    // Without rights to the settings it starts unchecked.
-    try {
-        m_ui.remoteConnectFlag->setChecked(m_services.preferences.remote() != 0);
-    } catch (const RuntimeError &) {
-        m_ui.remoteConnectFlag->setChecked(false);
-    }
+    m_ui.remoteConnectFlag->setChecked(isRemoteWanted(m_services.preferences));
     connectControls();
     setFocusProxy(m_ui.list);
 }
@@ -164,7 +182,7 @@ void ConfigForm::editCurrentRow()
 {
     if (!requireCurrentRow())
         return;
-    const bool isLine = m_services.preferences.Edit() == editAsLine;
+    const bool isLine = isEditedAsLine(m_services.preferences);
     editItem(isLine ? ItemKind::Line : itemKindOf(m_rows.at(m_ui.list->listIndex())), -1);
 }
 

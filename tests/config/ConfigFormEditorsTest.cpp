@@ -364,9 +364,18 @@ TEST_F(DocumentEditors, RemoteConnectFlagTakesItsValueFromTheSettings)
     EXPECT_FALSE(control<QAbstractButton>(local, "RemoteConnectFlag")->isChecked());
 }
 
-TEST_F(DocumentEditors, WithoutRightsToTheSettingsRemoteConnectFlagStartsUnchecked)
+TEST_F(DocumentEditors, WithoutRightsToTheSettingsEachItemIsEditedInTheEditorForItsKind)
 {
-    preferences.error = RuntimeError(RuntimeError::PermissionDenied);
+    preferences.error = RuntimeError::described(RuntimeError::RegistryError, "Unable to create subkey");
+    open({"C:\\x R"});
+    select({0});
+    press(*form, "EditButton");
+    EXPECT_EQ(editors.last().kind, ItemKind::File);
+}
+
+TEST_F(DocumentEditors, WithASettingThatCannotBeReadRemoteConnectFlagStartsUnchecked)
+{
+    preferences.error = RuntimeError(RuntimeError::TypeMismatch);
     const ConfigForm other({files, messages, shell, editors, preferences});
     EXPECT_FALSE(control<QAbstractButton>(other, "RemoteConnectFlag")->isChecked());
 }
