@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Accounts.h"
 #include "platform/FileAccess.h"
 #include "platform/FileTypes.h"
 #include "platform/Registry.h"
@@ -35,6 +36,7 @@ struct Platform
     std::unique_ptr<Registry> registry;
     /// Uses files, and goes before them.
     std::unique_ptr<FileTypes> fileTypes;
+    std::unique_ptr<Accounts> accounts;
     CommandLine commandLine;
     ProgramPathForm programPath;
     /// The system's version as GetVersion() lays it out: major version in the lowest byte, minor version in the next.

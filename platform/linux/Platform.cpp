@@ -3,6 +3,7 @@
 #include "platform/ByteText.h"
 #include "platform/linux/DesktopFileTypes.h"
 #include "platform/linux/IniUserSettings.h"
+#include "platform/linux/LinuxAccounts.h"
 #include "platform/linux/LinuxFileAccess.h"
 #include "platform/linux/SqliteRegistry.h"
 
@@ -63,6 +64,7 @@ Platform makePlatform(const QString &title, int argc, const char *const *argv)
     platform.registry = std::make_unique<SqliteRegistry>(registryFile(title), registryUserKey());
     platform.fileTypes = std::make_unique<DesktopFileTypes>(
         *platform.files, QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation), configuration);
+    platform.accounts = std::make_unique<LinuxAccounts>(std::make_unique<NameService>());
     for (int i = 1; i < argc; ++i)
         platform.commandLine.arguments << decodeBytes(argv[i]);
     platform.programPath = {QStringLiteral("/"), QString()};

@@ -1,6 +1,7 @@
 #include "platform/Platform.h"
 
 #include "platform/windows/CommandLineText.h"
+#include "platform/windows/WindowsAccounts.h"
 #include "platform/windows/WindowsFileAccess.h"
 #include "platform/windows/WindowsFileTypes.h"
 #include "platform/windows/WindowsRegistry.h"
@@ -21,6 +22,7 @@ Platform makePlatform(const QString &title, int, const char *const *)
     platform.userSettings = std::make_unique<WindowsUserSettings>(QStringLiteral("Software\\") + title);
     platform.registry = std::make_unique<WindowsRegistry>();
     platform.fileTypes = std::make_unique<WindowsFileTypes>();
+    platform.accounts = std::make_unique<WindowsAccounts>();
     platform.commandLine.rawText = behindProgramName(QString::fromWCharArray(GetCommandLineW()));
     platform.programPath = {QStringLiteral("\\"), QStringLiteral(".exe")};
     platform.versionWord = GetVersion();
