@@ -3,6 +3,7 @@
 #include "platform/Accounts.h"
 #include "platform/FileAccess.h"
 #include "platform/FileTypes.h"
+#include "platform/FileSystem.h"
 #include "platform/Registry.h"
 #include "platform/UserSettings.h"
 
@@ -32,6 +33,7 @@ struct ProgramPathForm
 struct Platform
 {
     std::unique_ptr<FileAccess> files;
+    std::unique_ptr<FileSystem> fileSystem;
     std::unique_ptr<UserSettings> userSettings;
     std::unique_ptr<Registry> registry;
     /// Uses files, and goes before them.

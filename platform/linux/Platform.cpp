@@ -5,6 +5,7 @@
 #include "platform/linux/IniUserSettings.h"
 #include "platform/linux/LinuxAccounts.h"
 #include "platform/linux/LinuxFileAccess.h"
+#include "platform/linux/LinuxFileSystem.h"
 #include "platform/linux/SqliteRegistry.h"
 
 #include <QDir>
@@ -59,6 +60,8 @@ Platform makePlatform(const QString &title, int argc, const char *const *argv)
     platform.files = std::make_unique<LinuxFileAccess>(std::make_unique<SystemCalls>(),
                                                        stateFolder() + '/' + encodeText(title) + "/unfinished");
     const QString configuration = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    platform.fileSystem =
+        std::make_unique<LinuxFileSystem>(encodeText(configuration + QLatin1Char('/') + title) + "/dosdevices");
     platform.userSettings =
         std::make_unique<IniUserSettings>(*platform.files, QStringLiteral("%1/%2/%2.ini").arg(configuration, title));
     platform.registry = std::make_unique<SqliteRegistry>(registryFile(title), registryUserKey());

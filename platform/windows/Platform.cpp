@@ -4,6 +4,7 @@
 #include "platform/windows/WindowsAccounts.h"
 #include "platform/windows/WindowsFileAccess.h"
 #include "platform/windows/WindowsFileTypes.h"
+#include "platform/windows/WindowsFileSystem.h"
 #include "platform/windows/WindowsRegistry.h"
 #include "platform/windows/WindowsUserSettings.h"
 
@@ -19,6 +20,7 @@ Platform makePlatform(const QString &title, int, const char *const *)
 
     Platform platform;
     platform.files = std::make_unique<WindowsFileAccess>(std::make_unique<WindowsCalls>(), unfinished);
+    platform.fileSystem = std::make_unique<WindowsFileSystem>();
     platform.userSettings = std::make_unique<WindowsUserSettings>(QStringLiteral("Software\\") + title);
     platform.registry = std::make_unique<WindowsRegistry>();
     platform.fileTypes = std::make_unique<WindowsFileTypes>();
