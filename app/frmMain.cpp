@@ -153,9 +153,7 @@ void frmMain::closeEvent(QCloseEvent *event)
     event->ignore();
     bool isAgreed = false;
     runReported(m_services.messages, [&] { isAgreed = m_area->queryCloseAll(); });
-    if (!isAgreed)
-        return;
-    if (!m_area->closeAll())
+    if (!isAgreed || !m_area->closeAll())
         return;
     if (!isMinimized() && !storePlacement(m_services.userSettings, {pos(), size()}))
         m_services.messages.show(tr("The place of the window cannot be stored."), Messages::Icon::Exclamation);
@@ -209,11 +207,12 @@ std::function<void()> frmMain::operationOf(QLatin1String entry)
     }};
     // clang-format on
     if (const auto *own = rowOf(ownCommands, entry)) {
-        const bool isThere = !own->isThere || own->isThere(m_services);
-        return isThere ? std::bind(own->run, this) : std::function<void()>();
+        if (own->isThere && !own->isThere(m_services))
+            return {};
+        return [this, own] { (this->*own->run)(); };
     }
     if (const auto *area = rowOf(areaCommands, entry))
-        return std::bind(area->run, m_area);
+        return [this, area] { (m_area->*area->run)(); };
     if (const auto *unfinished = rowOf(unfinishedCommands, entry))
         return [this, text = QString(unfinished->text)] { m_services.messages.show(text); };
     if (const DocumentCommand *forwarded = documentCommand(entry)) {
@@ -313,10 +312,14 @@ void frmMain::PageSetup()
 
 void frmMain::Print()
 {
-    if (!activeDocument())
+    ConfigForm *document = activeDocument();
+    if (!document) {
         m_services.messages.show(QStringLiteral("Nothing to print"), Messages::Icon::Exclamation);
-    else if (m_printDialogs.ShowPrint(QFileInfo(activeDocument()->caption()).fileName()))
-        activeDocument()->PrintOut();
+        return;
+    }
+    if (!m_printDialogs.ShowPrint(QFileInfo(document->caption()).fileName()))
+        return;
+    document->PrintOut();
 }
 
 void frmMain::Exit()

@@ -88,28 +88,33 @@ QGroupBox *FlagPanel::addFrame(const FlagFrame &frame)
     frameBox->setObjectName(frame.control);
     auto *layout = new QVBoxLayout(frameBox);
 
-    auto *letters = new QGridLayout;
-    letters->setHorizontalSpacing(columnDistance * fontMetrics().averageCharWidth());
-    // Down the columns, as one reads a list.
-    const int rows = (int(frame.letters.size()) + frame.columns - 1) / frame.columns;
-    for (int i = 0; i < int(frame.letters.size()); ++i) {
-        const size_t index = indexOf(frame.letters.begin()[i]);
-        const FlagLetter &letter = m_alphabet.letters[index];
-        auto *check = new QCheckBox(letter.caption, frameBox);
-        check->setObjectName(letter.control);
-        check->setToolTip(letter.toolTip);
-        letters->addWidget(check, i % rows, i / rows, Qt::AlignLeft);
-        m_letters[index] = check;
-    }
-    if (rows > 0)
+    if (frame.letters.size() > 0) {
+        auto *letters = new QGridLayout;
+        addLetters(*letters, frame);
         layout->addLayout(letters);
-
+    }
     if (frame.control == m_alphabet.frames.back().control && !m_alphabet.options.empty()) {
         auto *options = new QGridLayout;
         addOptions(*options);
         layout->addLayout(options);
     }
     return frameBox;
+}
+
+void FlagPanel::addLetters(QGridLayout &layout, const FlagFrame &frame)
+{
+    layout.setHorizontalSpacing(columnDistance * fontMetrics().averageCharWidth());
+    // Down the columns, as one reads a list.
+    const int rows = (int(frame.letters.size()) + frame.columns - 1) / frame.columns;
+    for (int i = 0; i < int(frame.letters.size()); ++i) {
+        const size_t index = indexOf(frame.letters.begin()[i]);
+        const FlagLetter &letter = m_alphabet.letters[index];
+        auto *check = new QCheckBox(letter.caption, this);
+        check->setObjectName(letter.control);
+        check->setToolTip(letter.toolTip);
+        layout.addWidget(check, i % rows, i / rows, Qt::AlignLeft);
+        m_letters[index] = check;
+    }
 }
 
 void FlagPanel::addOptions(QGridLayout &layout)

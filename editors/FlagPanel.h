@@ -47,6 +47,7 @@ private:
     };
 
     QGroupBox *addFrame(const FlagFrame &frame);
+    void addLetters(QGridLayout &layout, const FlagFrame &frame);
     void addOptions(QGridLayout &layout);
     void addOtherFlags(QLatin1String labelName);
     void addQuickButtons();

@@ -35,7 +35,8 @@ public:
     QList<QStringList> calls;
 };
 
-/// The main window over fake files, settings and messages; a derived fixture may put the system's own files in.
+/// The main window over fake files, settings, messages and editors; a derived fixture may put the system's own files or
+/// the real editors in.
 class Program : public testing::Test
 {
 protected:
@@ -49,7 +50,7 @@ protected:
     /// Starts the program as main() does.
     void start(const QStringList &paths = {})
     {
-        window = std::make_unique<frmMain>(frmMain::Services{*files, settings, messages, editors, preferences,
+        window = std::make_unique<frmMain>(frmMain::Services{*files, settings, messages, *editorFactory, preferences,
                                                              optional.associations, optional.globalSettings,
                                                              optional.help, optional.showOptions, optional.showAbout},
                                            programPath);
@@ -126,6 +127,7 @@ protected:
     FakeAssociationCheck associations;
     FakeMessages messages;
     FakeEditors editors;
+    EditorFactory *editorFactory = &editors;
     FakePreferences preferences;
     /// What the program may be without. A test gives what it needs before it starts the program.
     struct

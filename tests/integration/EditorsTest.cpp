@@ -1,0 +1,161 @@
+#include "editors/ItemEditorForm.h"
+#include "editors/ItemEditors.h"
+#include "tests/app/ProgramFixture.h"
+#include "tests/support/Printers.h"
+
+#include <QLineEdit>
+#include <QTest>
+
+namespace {
+
+/// The program with its own item editors.
+class ProgramWithEditors : public Program
+{
+protected:
+    ProgramWithEditors()
+    {
+        editorFactory = &itemEditors;
+        fakeFiles.content["/a.zcf"] = "; a\r\n\\\\server\\x t\r\n";
+    }
+
+    // Documents close their editors at their end.
+    ~ProgramWithEditors() override { window.reset(); }
+
+    void open()
+    {
+        start({"/a.zcf"});
+        itemEditors.setParentWindow(window.get());
+    }
+
+    /// The editors that are open.
+    [[nodiscard]] QList<ItemEditorForm *> openEditors() const
+    {
+        QList<ItemEditorForm *> result;
+        for (ItemEditorForm *editor : window->findChildren<ItemEditorForm *>()) {
+            if (editor->isVisible())
+                result << editor;
+        }
+        return result;
+    }
+
+    /// The one editor that is open.
+    [[nodiscard]] ItemEditorForm &editor() const
+    {
+        const QList<ItemEditorForm *> all = openEditors();
+        EXPECT_EQ(all.size(), 1);
+        return *all.first();
+    }
+
+    static void enter(QWidget &form, const char *field, const QString &text)
+    {
+        control<QLineEdit>(form, field)->selectAll();
+        control<QLineEdit>(form, field)->insert(text);
+    }
+
+    void doubleClickRow(int row)
+    {
+        ConfigListView &rows = list(document(0));
+        const QPoint at = rows.visualRect(rows.model()->index(row, 0)).center();
+        clickRow(rows, row);
+        QTest::mouseDClick(rows.viewport(), Qt::LeftButton, {}, at);
+    }
+
+    ItemEditors itemEditors{messages};
+};
+
+TEST_F(ProgramWithEditors, ARowIsEditedAndSaved)
+{
+    open();
+    doubleClickRow(1);
+    ItemEditorForm &other = editor();
+    EXPECT_EQ(other.objectName(), "ConfigDialogOther");
+    EXPECT_EQ(control<QLineEdit>(other, "ObjectName")->text(), "\\\\server\\x");
+    // The row travels with the editor.
+    clickRow(list(document(0)), 0);
+    enter(other, "ObjectName", "\\\\server\\a b");
+    press(other, "OKButton");
+    settle();
+    EXPECT_TRUE(openEditors().isEmpty());
+    trigger(*window, "mnuFileSave");
+    EXPECT_EQ(fakeFiles.content["/a.zcf"], "; a\r\n\"\\\\server\\a b\" t\r\n");
+}
+
+TEST_F(ProgramWithEditors, NewItemsAreAddedOneAfterTheOther)
+{
+    open();
+    trigger(*window, "mnuItemNewLine");
+    for (const char *line : {"; b", "", "; c"}) {
+        enter(editor(), "Item", line);
+        press(editor(), "OKButton");
+    }
+    EXPECT_EQ(document(0).rowList().rows(), (QStringList{"; a", "\\\\server\\x t", "; b", "", "; c"}));
+}
+
+TEST_F(ProgramWithEditors, PastedLinesStayOneRow)
+{
+    open();
+    trigger(*window, "mnuItemNewLine");
+    enter(editor(), "Item", "; b\r\n; c");
+    press(editor(), "OKButton");
+    EXPECT_EQ(document(0).rowList().rows().mid(2), QStringList{"; b  ; c"});
+}
+
+TEST_F(ProgramWithEditors, ARowThatIsGoneIsReported)
+{
+    open();
+    doubleClickRow(1);
+    clickRow(list(document(0)), 1);
+    document(0).Remove_Other();
+    messages.expectShow("Run-time error '5':\n\nInvalid procedure call or argument\n\n"
+                        "The line that was edited is not there any more.",
+                        Messages::Icon::Critical);
+    press(editor(), "OKButton");
+    EXPECT_EQ(document(0).rowList().rows(), QStringList{"; a"});
+    EXPECT_EQ(openEditors().size(), 1);
+}
+
+TEST_F(ProgramWithEditors, AnEditorClosesWithItsDocument)
+{
+    fakeFiles.content["/b.zcf"] = "; b\r\n";
+    open();
+    window->Load("/b.zcf");
+    settle();
+    trigger(*window, "mnuItemNewLine");
+    trigger(*window, "mnuItemNewOther");
+    EXPECT_EQ(openEditors().size(), 2);
+    activate(document(0));
+    trigger(*window, "mnuItemNewLine");
+    EXPECT_EQ(openEditors().size(), 3);
+    activate(document(1));
+    trigger(*window, "mnuFileClose");
+    settle();
+    ASSERT_EQ(openEditors().size(), 1);
+    enter(editor(), "Item", "; to a");
+    press(editor(), "OKButton");
+    EXPECT_EQ(document(0).rowList().rows().last(), "; to a");
+}
+
+TEST_F(ProgramWithEditors, TheProgramEndsWithEditorsOpen)
+{
+    open();
+    doubleClickRow(0);
+    trigger(*window, "mnuItemNewOther");
+    EXPECT_EQ(openEditors().size(), 2);
+    EXPECT_TRUE(endsAfterClosing());
+    EXPECT_TRUE(window->documents().empty());
+    EXPECT_TRUE(openEditors().isEmpty());
+}
+
+TEST_F(ProgramWithEditors, KindsWithoutAnEditorCannotBeChosen)
+{
+    open();
+    doubleClickRow(0);
+    EXPECT_EQ(editor().objectName(), "ConfigDialogMisc");
+    for (const ItemKindRow &row : itemKinds) {
+        if (!itemEditors.hasEditor(row.kind))
+            document(0).AddNew(row.displayName);
+    }
+    EXPECT_EQ(openEditors().size(), 1);
+}
+
+} // namespace
