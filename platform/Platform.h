@@ -2,8 +2,8 @@
 
 #include "platform/Accounts.h"
 #include "platform/FileAccess.h"
-#include "platform/FileTypes.h"
 #include "platform/FileSystem.h"
+#include "platform/FileTypes.h"
 #include "platform/Registry.h"
 #include "platform/UserSettings.h"
 

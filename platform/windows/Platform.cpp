@@ -3,8 +3,8 @@
 #include "platform/windows/CommandLineText.h"
 #include "platform/windows/WindowsAccounts.h"
 #include "platform/windows/WindowsFileAccess.h"
-#include "platform/windows/WindowsFileTypes.h"
 #include "platform/windows/WindowsFileSystem.h"
+#include "platform/windows/WindowsFileTypes.h"
 #include "platform/windows/WindowsRegistry.h"
 #include "platform/windows/WindowsUserSettings.h"
 
