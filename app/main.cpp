@@ -3,6 +3,7 @@
 #include "app/frmMain.h"
 #include "app/MessageBoxes.h"
 #include "app/WindowPicture.h"
+#include "editors/ConfigWizards.h"
 #include "editors/ItemEditors.h"
 #include "platform/Platform.h"
 #include "settings/Config.h"
@@ -12,14 +13,17 @@ int main(int argc, char **argv)
     const Platform platform = makePlatform(Application::title(), argc, argv);
     MessageBoxes messages;
     ItemEditors editors(messages);
+    ConfigWizards wizards(messages);
     const Config config(*platform.registry);
 
     int ownArguments = 1;
     Application application(ownArguments, argv, messages);
     Application::setApplicationVersion(QStringLiteral(ZENTILCONF_VERSION));
 
-    frmMain window({*platform.files, *platform.userSettings, messages, editors, config}, platform.programPath);
+    frmMain window({*platform.files, *platform.userSettings, messages, editors, config, nullptr, &wizards},
+                   platform.programPath);
     editors.setParentWindow(&window);
+    wizards.setParentWindow(&window);
     window.LoadAll(filesOfCommandLine(platform.commandLine));
     window.show();
     const QString picture = qEnvironmentVariable("ZENTILCONF_PICTURE");

@@ -139,6 +139,22 @@ void ConfigForm::ItemChangeFile(const QString &object, const QString &prefix, co
     });
 }
 
+void ConfigForm::changeRows(const std::function<void(RowChanges &)> &command)
+{
+    change([&](const RowSelection &) {
+        const RowChanges::Group group(m_changes);
+        command(m_changes);
+        // Views move what is selected with the rows.
+        return m_ui.list->rowSelection();
+    });
+}
+
+QString ConfigForm::currentRowText() const
+{
+    const int row = m_ui.list->listIndex();
+    return row < 0 ? QString() : m_rows.at(row);
+}
+
 void ConfigForm::AddNew(const QString &name)
 {
     const auto *row = std::find_if(itemKinds.begin(), itemKinds.end(),

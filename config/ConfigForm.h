@@ -7,6 +7,7 @@
 #include "config/RowChanges.h"
 #include "config/RowCommands.h"
 #include "config/RowList.h"
+#include "config/SettingsDocument.h"
 #include "config/ShellPresence.h"
 
 #include <QWidget>
@@ -26,7 +27,7 @@ enum class ItemKind : int;
 /// One open configuration: a document window that shows the file as a list, one row a line, in file order. While it is
 /// the active document it switches on the menus and buttons of the main window that belong to documents, and shows its
 /// own status line.
-class ConfigForm final : public QWidget, public ItemDocument
+class ConfigForm final : public QWidget, public ItemDocument, public SettingsDocument
 {
     Q_OBJECT
 
@@ -131,7 +132,9 @@ public:
     [[nodiscard]] bool isRemoteConnectRequested() const;
 
     [[nodiscard]] ConfigFile &file() { return m_file; }
-    [[nodiscard]] const RowList &rowList() const { return m_rows; }
+    [[nodiscard]] const RowList &rowList() const override { return m_rows; }
+    void changeRows(const std::function<void(RowChanges &)> &command) override;
+    [[nodiscard]] QString currentRowText() const override;
 
     /// 0, or -1 (or a load's mode) when the rows differ from the file.
     [[nodiscard]] qint16 changed() const { return m_changed; }

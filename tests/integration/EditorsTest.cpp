@@ -1,3 +1,5 @@
+#include "editors/ConfigWizardInfo.h"
+#include "editors/ConfigWizards.h"
 #include "editors/ItemEditorForm.h"
 #include "editors/ItemEditors.h"
 #include "tests/app/ProgramFixture.h"
@@ -15,6 +17,7 @@ protected:
     ProgramWithEditors()
     {
         editorFactory = &itemEditors;
+        optional.globalSettings = &wizards;
         fakeFiles.content["/a.zcf"] = "; a\r\n\\\\server\\x t\r\n";
     }
 
@@ -25,6 +28,7 @@ protected:
     {
         start({"/a.zcf"});
         itemEditors.setParentWindow(window.get());
+        wizards.setParentWindow(window.get());
     }
 
     /// The editors that are open.
@@ -60,7 +64,19 @@ protected:
         QTest::mouseDClick(rows.viewport(), Qt::LeftButton, {}, at);
     }
 
+    /// The editors of global settings that are open.
+    [[nodiscard]] QList<ConfigWizardInfo *> openWizards() const
+    {
+        QList<ConfigWizardInfo *> result;
+        for (ConfigWizardInfo *wizard : window->findChildren<ConfigWizardInfo *>()) {
+            if (wizard->isVisible())
+                result << wizard;
+        }
+        return result;
+    }
+
     ItemEditors itemEditors{messages};
+    ConfigWizards wizards{messages};
 };
 
 TEST_F(ProgramWithEditors, ARowIsEditedAndSaved)
@@ -144,6 +160,54 @@ TEST_F(ProgramWithEditors, TheProgramEndsWithEditorsOpen)
     EXPECT_TRUE(endsAfterClosing());
     EXPECT_TRUE(window->documents().empty());
     EXPECT_TRUE(openEditors().isEmpty());
+}
+
+TEST_F(ProgramWithEditors, GlobalSettingsAreOneUndoStep)
+{
+    fakeFiles.content["/a.zcf"] = "; a\r\n#define MAILTO x\r\nc:\\ t\r\n";
+    open();
+    clickRow(list(document(0)), 1);
+    trigger(*window, "mnuItemWizard");
+    ASSERT_EQ(openWizards().size(), 1);
+    ConfigWizardInfo &wizard = *openWizards().first();
+    EXPECT_EQ(wizard.focusWidget()->objectName(), "def_MAILTO");
+    enter(wizard, "def_MAILTO", "two words");
+    enter(wizard, "def_MAILFROM", "me");
+    press(wizard, "cmdApply");
+    EXPECT_EQ(document(0).rowList().rows(),
+              (QStringList{"; a", "#define MAILTO \"two words\"", "c:\\ t", "#define MAILFROM me"}));
+    EXPECT_EQ(document(0).changed(), -1);
+    // The row that was current is the one still.
+    EXPECT_EQ(list(document(0)).listIndex(), 1);
+    trigger(*window, "mnuEditUndo");
+    EXPECT_EQ(document(0).rowList().rows(), (QStringList{"; a", "#define MAILTO x", "c:\\ t"}));
+    messages.expectShow("Cannot undo");
+    document(0).mnuEditUndo_Click();
+    // What was taken back in the document is not written again.
+    press(wizard, "cmdOK");
+    EXPECT_EQ(document(0).rowList().rows(), (QStringList{"; a", "#define MAILTO x", "c:\\ t"}));
+    settle();
+    EXPECT_TRUE(openWizards().isEmpty());
+}
+
+TEST_F(ProgramWithEditors, EachDocumentHasOneWizardWhichClosesWithIt)
+{
+    fakeFiles.content["/b.zcf"] = "; b\r\n";
+    open();
+    trigger(*window, "mnuItemWizard");
+    trigger(*window, "mnuItemWizard");
+    EXPECT_EQ(openWizards().size(), 1);
+    window->Load("/b.zcf");
+    settle();
+    trigger(*window, "mnuItemWizard");
+    EXPECT_EQ(openWizards().size(), 2);
+    activate(document(1));
+    trigger(*window, "mnuFileClose");
+    settle();
+    ASSERT_EQ(openWizards().size(), 1);
+    enter(*openWizards().first(), "def_MAILTO", "a");
+    press(*openWizards().first(), "cmdOK");
+    EXPECT_EQ(document(0).rowList().rows().last(), "#define MAILTO a");
 }
 
 TEST_F(ProgramWithEditors, KindsWithoutAnEditorCannotBeChosen)
