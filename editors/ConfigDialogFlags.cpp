@@ -1,6 +1,6 @@
 #include "editors/ConfigDialogFlags.h"
 
-#include "editors/DialogButtons.h"
+#include "browse/DialogButtons.h"
 #include "editors/FlagAlphabets.h"
 #include "editors/FlagPanel.h"
 

@@ -1,6 +1,6 @@
 #include "editors/ConfigDialogPrefix.h"
 
-#include "editors/DialogButtons.h"
+#include "browse/DialogButtons.h"
 #include "editors/WrappingRadioButton.h"
 
 #include <QLineEdit>

@@ -1,8 +1,8 @@
 #include "editors/ItemEditorForm.h"
 
+#include "browse/DialogButtons.h"
 #include "config/ItemDocument.h"
 #include "editors/ConfigDialogPrefix.h"
-#include "editors/DialogButtons.h"
 #include "editors/LineEdit.h"
 #include "platform/Messages.h"
 #include "settings/RunReported.h"
