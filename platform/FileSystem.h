@@ -54,4 +54,11 @@ public:
     /// The folders and files in the folder at path; nothing for one that cannot be read. A link counts as what it leads
     /// to, and as a file when that is nothing.
     [[nodiscard]] virtual FolderContent ListFolder(const QString &path) const = 0;
+
+    /// Under which path the system itself knows path, as its file dialogs take it; empty for one that is not there.
+    [[nodiscard]] virtual QString systemPath(const QString &path) const = 0;
+
+    /// A path for what a file dialog gives, which may be a name that is not there yet; empty when none leads there.
+    /// @param host the share has to be one of that host; empty for a path of this machine
+    [[nodiscard]] virtual QString pathOf(const QString &systemsPath, const QString &host) const = 0;
 };

@@ -1,24 +1,17 @@
 #include "platform/linux/BlockDevices.h"
 
 #include "platform/linux/DirectoryReader.h"
+#include "platform/linux/Paths.h"
 
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 
-#include <cstdlib>
 #include <fstream>
-#include <memory>
 
 namespace {
 
 // An encrypted volume in a group on a partition is three; the system itself allows eight.
 constexpr int deepestStack = 8;
-
-QByteArray realPath(const QByteArray &path)
-{
-    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.constData(), nullptr), &std::free);
-    return real ? QByteArray(real.get()) : QByteArray();
-}
 
 bool isFlagSet(const QByteArray &path)
 {

@@ -2,6 +2,7 @@
 
 #include "platform/ByteText.h"
 #include "platform/linux/DirectoryReader.h"
+#include "platform/linux/Paths.h"
 
 #include <sys/stat.h>
 
@@ -109,6 +110,55 @@ std::optional<QByteArray> DriveMap::find(const QString &path) const
     const std::optional<DrivePath> parts = parseDrivePath(path);
     const std::optional<QByteArray> drive = parts ? findDrive(*parts) : std::nullopt;
     return drive ? findNames(*drive, parts->names) : std::nullopt;
+}
+
+QString DriveMap::pathOf(const QByteArray &systemsPath, const QString &host) const
+{
+    if (!systemsPath.startsWith('/') || systemsPath.contains('\\'))
+        return {};
+    // The last name may be a link, which is meant itself then, or not be there yet.
+    const qsizetype nameAt = systemsPath.lastIndexOf('/') + 1;
+    QByteArray path = realPath(systemsPath.first(nameAt));
+    if (path.isEmpty())
+        return {};
+    if (nameAt < systemsPath.size())
+        path += (path.endsWith('/') ? "" : "/") + systemsPath.sliced(nameAt);
+
+    std::optional<Root> nearest;
+    for (const Root &root : roots(host)) {
+        if (isWithin(path, root.folder) && (!nearest || root.folder.size() > nearest->folder.size()))
+            nearest = root;
+    }
+    if (!nearest)
+        return {};
+    const QString below = decodeBytes(path.sliced(nearest->folder == "/" ? 0 : nearest->folder.size()));
+    return nearest->text + (below.isEmpty() ? QString(separator) : QString(below).replace(u'/', separator));
+}
+
+std::vector<DriveMap::Root> DriveMap::roots(const QString &host) const
+{
+    std::vector<Root> found;
+    for (char letter = 'A'; host.isEmpty() && letter <= 'Z'; ++letter) {
+        const QString drive = QLatin1Char(letter) + QStringLiteral(":");
+        if (const std::optional<QByteArray> folder = driveOf(drive))
+            found.push_back({drive, realPath(*folder)});
+    }
+    const QString everyHost = QStringLiteral("unc");
+    const std::optional<QByteArray> hosts = findNames(m_drivesFolder, {everyHost});
+    DirectoryReader hostEntries(hosts.value_or(QByteArray()));
+    while (hostEntries.next()) {
+        const QString name = decodeBytes(hostEntries.name());
+        if (!host.isEmpty() && host.compare(name, Qt::CaseInsensitive) != 0)
+            continue;
+        const QByteArray hostFolder = *hosts + '/' + hostEntries.name();
+        DirectoryReader shares(hostFolder);
+        while (shares.next()) {
+            const QString start = QStringLiteral("\\\\") + (host.isEmpty() ? name : host) + separator;
+            if (shares.isDirectory())
+                found.push_back({start + decodeBytes(shares.name()), realPath(hostFolder + '/' + shares.name())});
+        }
+    }
+    return found;
 }
 
 std::optional<QByteArray> DriveMap::findDrive(const DrivePath &path) const

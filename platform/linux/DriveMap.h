@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <optional>
+#include <vector>
 
 /// A path of a drive or a share, taken apart.
 struct DrivePath
@@ -34,7 +35,20 @@ public:
     /// The system's path of something that there is; it may be a link that leads nowhere.
     [[nodiscard]] std::optional<QByteArray> find(const QString &path) const;
 
+    /// The path that leads to the system's path, through the drive or share that is nearest to it; empty when there is
+    /// none, or none with a name that a path can have.
+    /// @param host only its shares count; empty for every drive and share
+    [[nodiscard]] QString pathOf(const QByteArray &systemsPath, const QString &host) const;
+
 private:
+    struct Root
+    {
+        /// "C:", or "\\host\share".
+        QString text;
+        QByteArray folder;
+    };
+
+    [[nodiscard]] std::vector<Root> roots(const QString &host) const;
     [[nodiscard]] std::optional<QByteArray> findDrive(const DrivePath &path) const;
 
     QByteArray m_drivesFolder;

@@ -4,14 +4,13 @@
 #include "platform/linux/BlockDevices.h"
 #include "platform/linux/DirectoryReader.h"
 #include "platform/linux/Mounts.h"
+#include "platform/linux/Paths.h"
 
 #include <sys/stat.h>
 
-#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <iterator>
-#include <memory>
 #include <string>
 
 namespace {
@@ -50,11 +49,8 @@ Drive LinuxFileSystem::GetDrive(const QString &path) const
     const std::optional<QByteArray> folder = m_drives.driveOf(path);
     if (!folder)
         return {};
-    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(folder->constData(), nullptr), &std::free);
-    if (!real)
-        return {};
     const std::vector<Mount> mounts = currentMounts();
-    const Mount *mount = mountOf(mounts, real.get());
+    const Mount *mount = mountOf(mounts, realPath(*folder));
     return {mount ? driveKindOf(*mount, BlockDevices().traitsOf(*mount)) : DriveKind::Unknown};
 }
 
@@ -82,4 +78,15 @@ FolderContent LinuxFileSystem::ListFolder(const QString &path) const
         names << decodeBytes(entries.name());
     }
     return content;
+}
+
+QString LinuxFileSystem::systemPath(const QString &path) const
+{
+    const std::optional<QByteArray> found = m_drives.find(path);
+    return found ? decodeBytes(*found) : QString();
+}
+
+QString LinuxFileSystem::pathOf(const QString &systemsPath, const QString &host) const
+{
+    return m_drives.pathOf(encodeText(systemsPath), host);
 }

@@ -19,6 +19,9 @@ public:
     /// Names with a "\" are left out: no path leads to them.
     [[nodiscard]] FolderContent ListFolder(const QString &path) const override;
 
+    [[nodiscard]] QString systemPath(const QString &path) const override;
+    [[nodiscard]] QString pathOf(const QString &systemsPath, const QString &host) const override;
+
 private:
     DriveMap m_drives;
 };

@@ -1,5 +1,7 @@
 #include "platform/linux/Mounts.h"
 
+#include "platform/linux/Paths.h"
+
 #include <QByteArrayList>
 
 #include <algorithm>
@@ -99,13 +101,6 @@ std::optional<Mount> parseMount(const QByteArray &line)
     if (!isMajorGood || !isMinorGood || !mount.folder.startsWith('/'))
         return {};
     return mount;
-}
-
-bool isWithin(QByteArrayView path, QByteArrayView folder)
-{
-    if (folder == "/")
-        return path.startsWith('/');
-    return path.startsWith(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
 }
 
 } // namespace

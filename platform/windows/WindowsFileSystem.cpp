@@ -150,6 +150,20 @@ FolderContent WindowsFileSystem::ListFolder(const QString &path) const
     return content;
 }
 
+QString WindowsFileSystem::systemPath(const QString &path) const
+{
+    return attributesOf(path) == INVALID_FILE_ATTRIBUTES ? QString() : path;
+}
+
+QString WindowsFileSystem::pathOf(const QString &systemsPath, const QString &host) const
+{
+    QString path = systemsPath;
+    path.replace(QLatin1Char('/'), QLatin1Char('\\'));
+    const QString root = driveRootOf(path);
+    const bool isOfHost = root.startsWith(QStringLiteral("\\\\%1\\").arg(host), Qt::CaseInsensitive);
+    return root.isEmpty() || (!host.isEmpty() && !isOfHost) ? QString() : path;
+}
+
 QString driveRootOf(const QString &path)
 {
     if (path.size() >= 2 && path[0].isLetter() && path[1] == QLatin1Char(':'))

@@ -257,6 +257,71 @@ TEST_F(LinuxFileSystemTest, SharesAreLinksBelowTheirHost)
     EXPECT_FALSE(fileSystem.FolderExists("\\\\server"));
 }
 
+TEST_F(LinuxFileSystemTest, TheSystemsPathIsTheOneThatIsFound)
+{
+    makeFolder("disk/Folder");
+    makeFile("disk/Folder/A");
+    EXPECT_EQ(fileSystem.systemPath("c:\\FOLDER\\a"), decodeBytes(at("drives/c:/Folder/A")));
+    EXPECT_EQ(fileSystem.systemPath("C:\\none"), QString());
+    EXPECT_EQ(fileSystem.systemPath("none"), QString());
+}
+
+TEST_F(LinuxFileSystemTest, TheNearestDriveLeadsToASystemsPath)
+{
+    makeFolder("disk/sub");
+    makeFolder("disk/sub2");
+    link(at("disk/sub"), "drives/d:");
+    const auto pathOf = [this](const QByteArray &name) { return fileSystem.pathOf(decodeBytes(at(name)), ""); };
+    EXPECT_EQ(pathOf("disk/a b"), "C:\\a b");
+    EXPECT_EQ(pathOf("disk/sub2/x"), "C:\\sub2\\x");
+    EXPECT_EQ(pathOf("disk/sub/x"), "D:\\x");
+    EXPECT_EQ(pathOf("disk/sub"), "D:\\");
+    EXPECT_EQ(pathOf("disk/"), "C:\\");
+    // Through the folder of drives itself, as systemPath() gives it.
+    EXPECT_EQ(pathOf("drives/c:/sub2/x"), "C:\\sub2\\x");
+    // A link in front of the name is followed, one that is the name is meant itself.
+    link(at("disk/sub2"), "toSub");
+    link("sub2", "disk/link");
+    EXPECT_EQ(pathOf("toSub/x"), "C:\\sub2\\x");
+    EXPECT_EQ(pathOf("disk/link"), "C:\\link");
+    EXPECT_EQ(pathOf("disk/St\xDF"), decodeBytes("C:\\St\xDF"));
+}
+
+TEST_F(LinuxFileSystemTest, NoDriveLeadsToOtherPaths)
+{
+    makeFolder("disk2");
+    for (const char *name : {"", "outside", "disk2/x", "disk/none/x", "disk/a\\b"})
+        EXPECT_EQ(fileSystem.pathOf(decodeBytes(at(name)), ""), QString()) << name;
+    EXPECT_EQ(fileSystem.pathOf("", ""), QString());
+    EXPECT_EQ(fileSystem.pathOf("disk/x", ""), QString());
+}
+
+TEST_F(LinuxFileSystemTest, WithoutAFolderOfDrivesEveryPathIsOneOfC)
+{
+    const LinuxFileSystem plain(at("none"));
+    EXPECT_EQ(plain.pathOf("/", ""), "C:\\");
+    EXPECT_EQ(plain.pathOf("/none", ""), "C:\\none");
+    EXPECT_EQ(plain.pathOf("/usr/lib", ""), "C:\\usr\\lib");
+    EXPECT_EQ(plain.pathOf("/usr/lib", "host"), QString());
+}
+
+TEST_F(LinuxFileSystemTest, AHostsPathsLeadThroughItsShares)
+{
+    makeFolder("share");
+    makeFolder("drives/unc");
+    makeFolder("drives/unc/Server");
+    link(at("share"), "drives/unc/Server/C$");
+    link(at("share"), "drives/s:");
+    makeFile("drives/unc/Server/note");
+    const QString there = decodeBytes(at("share/a"));
+    EXPECT_EQ(fileSystem.pathOf(there, "SERVER"), "\\\\SERVER\\C$\\a");
+    EXPECT_EQ(fileSystem.pathOf(there, ""), "S:\\a");
+    EXPECT_EQ(fileSystem.pathOf(there, "other"), QString());
+    EXPECT_EQ(fileSystem.pathOf(decodeBytes(at("disk/a")), "server"), QString());
+    ASSERT_EQ(unlink(at("drives/s:").constData()), 0);
+    EXPECT_EQ(fileSystem.pathOf(there, ""), "\\\\Server\\C$\\a");
+}
+
 TEST_F(LinuxFileSystemTest, ADriveIsOfTheKindOfItsMount)
 {
     withOwnMounts([this] {

@@ -95,6 +95,19 @@ TEST_F(WindowsFileSystemTest, PathsMayBeLong)
     EXPECT_EQ(fileSystem.ListFolder(at(folder)).files, QStringList{"file"});
 }
 
+TEST_F(WindowsFileSystemTest, TheSystemsPathsAreTheSame)
+{
+    makeFile("a");
+    EXPECT_EQ(fileSystem.systemPath(at("a")), at("a"));
+    EXPECT_EQ(fileSystem.systemPath(at("none")), QString());
+    // A file dialog of the toolkit gives it with other separators.
+    EXPECT_EQ(fileSystem.pathOf(root.filePath("a"), ""), at("a"));
+    EXPECT_EQ(fileSystem.pathOf("//host/C$/a", "HOST"), "\\\\host\\C$\\a");
+    EXPECT_EQ(fileSystem.pathOf("//host/C$/a", ""), "\\\\host\\C$\\a");
+    for (const char *elsewhere : {"C:/a", "//other/C$/a", "", "a"})
+        EXPECT_EQ(fileSystem.pathOf(elsewhere, "host"), QString()) << elsewhere;
+}
+
 TEST(DriveRoot, IsThatOfTheDriveOrTheShare)
 {
     EXPECT_EQ(driveRootOf("C:\\a\\b"), "C:\\");

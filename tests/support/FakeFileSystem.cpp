@@ -64,6 +64,24 @@ FolderContent FakeFileSystem::ListFolder(const QString &path) const
     return content;
 }
 
+QString FakeFileSystem::systemPath(const QString &path) const
+{
+    for (auto at = systemFolders.begin(); m_entries.contains(keyOf(path)) && at != systemFolders.end(); ++at) {
+        if (path.startsWith(at.value(), Qt::CaseInsensitive))
+            return at.key() + path.mid(at.value().size()).replace('\\', '/');
+    }
+    return {};
+}
+
+QString FakeFileSystem::pathOf(const QString &systemsPath, const QString &host) const
+{
+    for (auto at = systemFolders.begin(); at != systemFolders.end(); ++at) {
+        if (systemsPath.startsWith(at.key() + '/') && (host.isEmpty() || at.value().startsWith("\\\\" + host + '\\')))
+            return at.value() + systemsPath.mid(at.key().size()).replace('/', '\\');
+    }
+    return {};
+}
+
 QString FakeFileSystem::keyOf(const QString &path)
 {
     const QString key = path.toUpper();

@@ -21,6 +21,11 @@ public:
     [[nodiscard]] bool FolderExists(const QString &path) const override;
     [[nodiscard]] bool FileExists(const QString &path) const override;
     [[nodiscard]] FolderContent ListFolder(const QString &path) const override;
+    [[nodiscard]] QString systemPath(const QString &path) const override;
+    [[nodiscard]] QString pathOf(const QString &systemsPath, const QString &host) const override;
+
+    /// Drives and shares, without "\" at their end, by the folders of this machine that file dialogs find them in.
+    QMap<QString, QString> systemFolders;
 
     /// Every path that was asked for, in order.
     mutable QStringList asked;
