@@ -121,6 +121,11 @@ void ConfigForm::ParseLine(const QString &line, QString &prefix, QString &object
     parseLine(line, ParseRule::Document, prefix, object, flags);
 }
 
+QString ConfigForm::TryRemoteConnect(const QString &drive) const
+{
+    return m_file.TryRemoteConnect(m_host, drive, {}, {});
+}
+
 void ConfigForm::ItemAddFile(const QString &object, const QString &prefix, const QString &flags)
 {
     change([&](const RowSelection &selection) {

@@ -60,6 +60,9 @@ public:
     /// As parseLine() with ParseRule::Document.
     void ParseLine(const QString &line, QString &prefix, QString &object, QString &flags) const override;
 
+    /// As ConfigFile::TryRemoteConnect() for this document's host.
+    [[nodiscard]] QString TryRemoteConnect(const QString &drive) const override;
+
     void ItemAddFile(const QString &object, const QString &prefix, const QString &flags) override;
     void ItemChangeFile(const QString &object, const QString &prefix, const QString &flags, qint16 row) override;
 

@@ -15,6 +15,10 @@ public:
     /// @throws RuntimeError InvalidCall when all that is left of the object is one double quote
     virtual void ParseLine(const QString &line, QString &prefix, QString &object, QString &flags) const = 0;
 
+    /// Asks for a connection to the remote host for one of its drives ("C:"). @return the path at which the drive can
+    ///     be looked at; empty when there is no such connection
+    [[nodiscard]] virtual QString TryRemoteConnect(const QString &drive) const = 0;
+
     /// Inserts a line put together from these before the current row, or at the end when no row is current.
     /// @throws RuntimeError Overflow when the document is full
     virtual void ItemAddFile(const QString &object, const QString &prefix, const QString &flags) = 0;

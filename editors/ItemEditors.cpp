@@ -6,27 +6,31 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <type_traits>
 
 namespace {
 
 template<class Form>
-ItemEditorForm *make(Messages &messages, QWidget *parent)
+ItemEditorForm *make(const EditorServices &services, QWidget *parent)
 {
-    return new Form(messages, parent);
+    if constexpr (std::is_constructible_v<Form, Messages &, QWidget *>)
+        return new Form(services.messages, parent);
+    else
+        return new Form(services, parent);
 }
 
 struct Maker
 {
     ItemKind kind;
-    ItemEditorForm *(*make)(Messages &messages, QWidget *parent);
+    ItemEditorForm *(*make)(const EditorServices &services, QWidget *parent);
 };
 
 // clang-format off
 /// The kinds that have an editor, one a row.
-constexpr std::array<Maker, 2> makers {{
-    {ItemKind::Line,  make<ConfigDialogMisc>},
-    {ItemKind::Other, make<ConfigDialogOther>},
-}};
+constexpr std::array makers {
+    Maker{ItemKind::Line,  make<ConfigDialogMisc>},
+    Maker{ItemKind::Other, make<ConfigDialogOther>},
+};
 // clang-format on
 
 const Maker *makerOf(ItemKind kind)
@@ -38,8 +42,8 @@ const Maker *makerOf(ItemKind kind)
 
 } // namespace
 
-ItemEditors::ItemEditors(Messages &messages)
-    : m_messages(messages)
+ItemEditors::ItemEditors(const EditorServices &services)
+    : m_services(services)
 {
 }
 
@@ -81,7 +85,7 @@ ItemEditorForm &ItemEditors::makeEditor(ItemKind kind)
 {
     const Maker *maker = makerOf(kind);
     Q_ASSERT(maker);
-    ItemEditorForm *editor = maker->make(m_messages, m_parentWindow);
+    ItemEditorForm *editor = maker->make(m_services, m_parentWindow);
     m_editors.emplace_back(editor);
     // A closed form is still there until the event loop comes to it, but nobody may be given it any more.
     QObject::connect(editor, &QDialog::finished, editor, [this, editor] { forget(*editor); });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "config/EditorFactory.h"
+#include "editors/EditorServices.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -9,13 +10,12 @@
 #include <vector>
 
 class ItemEditorForm;
-class Messages;
 
 /// Makes the item editors and knows which of them are open. An editor belongs to the parent window and is gone with it.
 class ItemEditors final : public EditorFactory
 {
 public:
-    explicit ItemEditors(Messages &messages);
+    explicit ItemEditors(const EditorServices &services);
     ~ItemEditors() override;
 
     /// The window that editors stay in front of. @param window the main window, which has to be there only once the
@@ -32,7 +32,7 @@ private:
     ItemEditorForm &makeEditor(ItemKind kind);
     void forget(const ItemEditorForm &editor);
 
-    Messages &m_messages;
+    EditorServices m_services;
     QPointer<QWidget> m_parentWindow;
     std::vector<QPointer<ItemEditorForm>> m_editors;
     std::map<ItemKind, QPointer<ItemEditorForm>> m_shared;

@@ -588,6 +588,11 @@ TEST_F(Document, AHostThatMeansNoneKeepsRemoteConnectFlagHidden)
     EXPECT_FALSE(form->isRemoteConnectRequested());
 }
 
+TEST_F(Document, ThereIsNoConnectionToAnotherHost)
+{
+    EXPECT_EQ(form->TryRemoteConnect("C:"), QString());
+}
+
 // Caption
 
 TEST_F(Document, ACaptionWithTheMarkOfChangesIsShownAsItIs)

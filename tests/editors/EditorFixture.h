@@ -3,7 +3,9 @@
 #include "editors/ItemEditorForm.h"
 #include "editors/ItemEditors.h"
 #include "tests/editors/FakeDocument.h"
+#include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeMessages.h"
+#include "tests/support/FakeRegistry.h"
 #include "tests/support/Gestures.h"
 #include "tests/support/Printers.h"
 
@@ -78,5 +80,7 @@ protected:
     const UseMessages use{messages};
     FakeDocument document;
     QWidget window;
-    ItemEditors editors{messages};
+    FakeFileSystem fileSystem;
+    FakeRegistry registry;
+    ItemEditors editors{{messages, fileSystem, registry}};
 };

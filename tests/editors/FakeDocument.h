@@ -4,6 +4,7 @@
 #include "config/ItemDocument.h"
 #include "platform/RuntimeError.h"
 
+#include <QMap>
 #include <QStringList>
 
 #include <optional>
@@ -15,6 +16,12 @@ public:
     void ParseLine(const QString &line, QString &prefix, QString &object, QString &flags) const override
     {
         parseLine(line, ParseRule::Document, prefix, object, flags);
+    }
+
+    [[nodiscard]] QString TryRemoteConnect(const QString &drive) const override
+    {
+        askedDrives << drive;
+        return connections.value(drive);
     }
 
     void ItemAddFile(const QString &object, const QString &prefix, const QString &flags) override
@@ -34,6 +41,10 @@ public:
     }
 
     QStringList rows;
+    /// Where the remote host's drives are to be looked at, by drive.
+    QMap<QString, QString> connections;
+    /// The drives that a connection was asked for.
+    mutable QStringList askedDrives;
     /// Raised by every change while it is set; nothing is changed then.
     std::optional<RuntimeError> error;
 };

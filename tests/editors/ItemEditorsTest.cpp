@@ -119,7 +119,7 @@ TEST_F(ItemEditorsTest, EndTheirFormsAtTheirOwnEnd)
 {
     QPointer<ItemEditorForm> form;
     {
-        ItemEditors others(messages);
+        ItemEditors others({messages, fileSystem, registry});
         form = &openForNew(others.newEditor(ItemKind::Line));
         EXPECT_EQ(form->parentWidget(), nullptr);
     }
