@@ -12,7 +12,7 @@ int main(int argc, char **argv)
 {
     const Platform platform = makePlatform(Application::title(), argc, argv);
     MessageBoxes messages;
-    ItemEditors editors({messages, *platform.fileSystem, *platform.registry});
+    ItemEditors editors({messages, *platform.accounts, *platform.fileSystem, *platform.registry});
     ConfigWizards wizards(messages);
     const Config config(*platform.registry);
 

@@ -1,5 +1,6 @@
 #include "editors/ConfigDialogMisc.h"
 
+#include "editors/EditorServices.h"
 #include "editors/LineEdit.h"
 
 namespace {
@@ -9,8 +10,8 @@ constexpr int lineWidth = 80;
 
 } // namespace
 
-ConfigDialogMisc::ConfigDialogMisc(Messages &messages, QWidget *parent)
-    : ItemEditorForm(QLatin1String("ConfigDialogMisc"), QStringLiteral("Misc"), messages, parent)
+ConfigDialogMisc::ConfigDialogMisc(const EditorServices &services, QWidget *parent)
+    : ItemEditorForm(QLatin1String("ConfigDialogMisc"), QStringLiteral("Misc"), services.messages, parent)
     , m_item(addField(QLatin1String("Item"), QLatin1String("Label1"), tr("&Line")))
 {
     m_item->setMinimumWidth(lineWidth * fontMetrics().averageCharWidth());

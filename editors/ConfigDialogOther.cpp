@@ -2,13 +2,14 @@
 
 #include "config/ItemDocument.h"
 #include "editors/ConfigDialogFlags.h"
+#include "editors/EditorServices.h"
 #include "editors/LineEdit.h"
 
 #include <QPointer>
 #include <QPushButton>
 
-ConfigDialogOther::ConfigDialogOther(Messages &messages, QWidget *parent)
-    : ItemEditorForm(QLatin1String("ConfigDialogOther"), QStringLiteral("Other"), messages, parent)
+ConfigDialogOther::ConfigDialogOther(const EditorServices &services, QWidget *parent)
+    : ItemEditorForm(QLatin1String("ConfigDialogOther"), QStringLiteral("Other"), services.messages, parent)
     , m_objectName(addField(QLatin1String("ObjectName"), QLatin1String("Label1"), QStringLiteral("Object name"),
                             QStringLiteral("Name of object (path, registry, sql) to check")))
     , m_prefix(addPrefixField(QLatin1String("Label2")))

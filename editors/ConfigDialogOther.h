@@ -2,13 +2,15 @@
 
 #include "editors/ItemEditorForm.h"
 
+struct EditorServices;
+
 /// The editor for a line of any kind as three texts: object, prefix and flags.
 class ConfigDialogOther final : public ItemEditorForm
 {
     Q_OBJECT
 
 public:
-    ConfigDialogOther(Messages &messages, QWidget *parent);
+    ConfigDialogOther(const EditorServices &services, QWidget *parent);
 
 protected:
     void showItem(const QString &line) override;

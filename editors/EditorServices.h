@@ -1,13 +1,15 @@
 #pragma once
 
+class Accounts;
 class FileSystem;
 class Messages;
 class Registry;
 
-/// What item editors need of the rest of the program.
+/// What item editors use of the rest of the program. A form takes from it what its kind needs.
 struct EditorServices
 {
     Messages &messages;
+    Accounts &accounts;
     FileSystem &fileSystem;
     Registry &registry;
 };

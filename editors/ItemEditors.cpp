@@ -6,17 +6,13 @@
 #include <algorithm>
 #include <array>
 #include <memory>
-#include <type_traits>
 
 namespace {
 
 template<class Form>
 ItemEditorForm *make(const EditorServices &services, QWidget *parent)
 {
-    if constexpr (std::is_constructible_v<Form, Messages &, QWidget *>)
-        return new Form(services.messages, parent);
-    else
-        return new Form(services, parent);
+    return new Form(services, parent);
 }
 
 struct Maker

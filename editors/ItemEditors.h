@@ -15,6 +15,7 @@ class ItemEditorForm;
 class ItemEditors final : public EditorFactory
 {
 public:
+    /// @param services to outlive the editors
     explicit ItemEditors(const EditorServices &services);
     ~ItemEditors() override;
 

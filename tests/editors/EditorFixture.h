@@ -3,6 +3,7 @@
 #include "editors/ItemEditorForm.h"
 #include "editors/ItemEditors.h"
 #include "tests/editors/FakeDocument.h"
+#include "tests/support/FakeAccounts.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeMessages.h"
 #include "tests/support/FakeRegistry.h"
@@ -80,7 +81,9 @@ protected:
     const UseMessages use{messages};
     FakeDocument document;
     QWidget window;
+    FakeAccounts accounts;
     FakeFileSystem fileSystem;
     FakeRegistry registry;
-    ItemEditors editors{{messages, fileSystem, registry}};
+    const EditorServices services{messages, accounts, fileSystem, registry};
+    ItemEditors editors{services};
 };

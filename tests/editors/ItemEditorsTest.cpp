@@ -119,7 +119,7 @@ TEST_F(ItemEditorsTest, EndTheirFormsAtTheirOwnEnd)
 {
     QPointer<ItemEditorForm> form;
     {
-        ItemEditors others({messages, fileSystem, registry});
+        ItemEditors others(services);
         form = &openForNew(others.newEditor(ItemKind::Line));
         EXPECT_EQ(form->parentWidget(), nullptr);
     }

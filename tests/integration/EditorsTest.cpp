@@ -3,6 +3,9 @@
 #include "editors/ItemEditorForm.h"
 #include "editors/ItemEditors.h"
 #include "tests/app/ProgramFixture.h"
+#include "tests/support/FakeAccounts.h"
+#include "tests/support/FakeRegistry.h"
+#include "tests/support/FakeFileSystem.h"
 #include "tests/support/Printers.h"
 
 #include <QLineEdit>
@@ -75,7 +78,10 @@ protected:
         return result;
     }
 
-    ItemEditors itemEditors{messages};
+    FakeAccounts accounts;
+    FakeFileSystem fileSystem;
+    FakeRegistry registry;
+    ItemEditors itemEditors{{messages, accounts, fileSystem, registry}};
     ConfigWizards wizards{messages};
 };
 
