@@ -4,8 +4,8 @@
 #include "editors/ItemEditors.h"
 #include "tests/app/ProgramFixture.h"
 #include "tests/support/FakeAccounts.h"
-#include "tests/support/FakeRegistry.h"
 #include "tests/support/FakeFileSystem.h"
+#include "tests/support/FakeRegistry.h"
 #include "tests/support/Printers.h"
 
 #include <QLineEdit>
