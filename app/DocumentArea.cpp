@@ -4,6 +4,7 @@
 #include "settings/Icons.h"
 
 #include <QAction>
+#include <QLayout>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QScopeGuard>
@@ -264,6 +265,9 @@ void DocumentArea::arrange(const QList<QMdiSubWindow *> &arranged, const Places 
             window->showNormal();
         minimum = minimum.expandedTo(window->minimumSizeHint());
     }
+    // Without the buttons of a maximised window the menu bar may be lower, and the area higher.
+    if (QLayout *layout = window()->layout())
+        layout->activate();
     // Back to where the area begins.
     horizontalScrollBar()->setValue(0);
     verticalScrollBar()->setValue(0);

@@ -4,6 +4,7 @@
 #include "tests/support/Printers.h"
 
 #include <QMdiSubWindow>
+#include <QMenuBar>
 #include <QScrollBar>
 
 namespace {
@@ -34,9 +35,13 @@ protected:
         return result;
     }
 
-    /// Gives the area that size.
+    /// Gives the area that size, which it keeps: the buttons of a maximised document, which may make the menu bar
+    /// higher, are gone by then.
     void setAreaSize(const QSize &size)
     {
+        for (size_t index = 0; index < window->documents().size(); ++index)
+            frame(index).showNormal();
+        settle();
         window->resize(window->size() + size - area().viewport()->size());
         settle();
         ASSERT_EQ(area().viewport()->size(), size);
@@ -147,6 +152,20 @@ TEST_F(Arranged, ArrangeIconsLinesUpMinimisedDocumentsAtTheLowerEdge)
     EXPECT_EQ(frame(0).pos(), QPoint(0, 1200 - icon.height()));
     EXPECT_EQ(frame(1).pos(), QPoint(icon.width(), 1200 - icon.height()));
     EXPECT_EQ(frame(2).geometry(), other);
+}
+
+TEST_F(Arranged, TilesFillTheAreaThatALowerMenuBarLeaves)
+{
+    // The letters are so small that the buttons of a maximised document decide how high the menu bar is.
+    QFont font = window->menuBar()->font();
+    font.setPixelSize(2);
+    window->menuBar()->setFont(font);
+    settle();
+    ASSERT_TRUE(frame(2).isMaximized());
+    const int before = area().viewport()->height();
+    run("mnuWindowTileVertical");
+    ASSERT_GT(area().viewport()->height(), before);
+    EXPECT_EQ(frame(0).height(), area().viewport()->height());
 }
 
 TEST_F(Arranged, AreaWithoutDocumentsStaysAsItIs)

@@ -5,6 +5,7 @@
 #include "tests/support/Printers.h"
 
 #include <QAction>
+#include <QDir>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -350,11 +351,12 @@ TEST_F(MainCommands, AssociateFilesRunsTheCheckAgain)
 {
     // Set or not: the user asks for it.
     settings.values["Settings/IgnoreAssoc"] = "1";
+    programPath = {QDir::separator(), QString()};
     start();
     EXPECT_TRUE(associations.calls.isEmpty());
     trigger(*window, "mnuFileAssoc");
-    EXPECT_EQ(associations.calls,
-              (QList<QStringList>{{QCoreApplication::applicationFilePath(), "Zentil Config", ".zcf"}}));
+    const QString program = QDir::toNativeSeparators(QCoreApplication::applicationFilePath());
+    EXPECT_EQ(associations.calls, (QList<QStringList>{{program, "Zentil Config", ".zcf"}}));
     trigger(*window, "mnuFileAssoc");
     EXPECT_EQ(associations.calls.size(), 2);
 }
