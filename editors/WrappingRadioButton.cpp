@@ -31,6 +31,16 @@ bool WrappingRadioButton::hitButton(const QPoint &position) const
     return rect().contains(position);
 }
 
+void WrappingRadioButton::keyPressEvent(QKeyEvent *event)
+{
+    QRadioButton::keyPressEvent(event);
+    // An arrow key has gone to the next option. The toolkit selects it only where another one was selected before, so
+    // that Enter would then confirm nothing at all.
+    auto *next = qobject_cast<QRadioButton *>(window()->focusWidget());
+    if (next && next != this && next->parent() == parent() && !next->isChecked())
+        next->click();
+}
+
 void WrappingRadioButton::paintEvent(QPaintEvent *)
 {
     QStylePainter painter(this);

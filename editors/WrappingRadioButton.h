@@ -17,6 +17,7 @@ public:
 
 protected:
     [[nodiscard]] bool hitButton(const QPoint &position) const override;
+    void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

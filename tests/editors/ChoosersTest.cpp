@@ -159,6 +159,24 @@ TEST_F(ConfigDialogPrefixTest, EnterConfirmsAndKeysChoose)
               "==");
 }
 
+TEST_F(ConfigDialogPrefixTest, AnArrowKeyChoosesWhereItGoesThoughNothingWasChosen)
+{
+    EXPECT_EQ(prefixAfter([](QWidget &dialog) {
+                  showActive(dialog);
+                  key(dialog, Qt::Key_Down);
+                  key(dialog, Qt::Key_Down);
+                  key(dialog, Qt::Key_Return);
+              }),
+              "!");
+    // The Tab key only goes through the dialog.
+    EXPECT_EQ(prefixAfter([](QWidget &dialog) {
+                  showActive(dialog);
+                  key(dialog, Qt::Key_Tab);
+                  key(dialog, Qt::Key_Return);
+              }),
+              "");
+}
+
 TEST_F(ConfigDialogPrefixTest, WritesNothingWhenItIsCancelled)
 {
     EXPECT_EQ(prefixAfter([](QWidget &dialog) {
