@@ -128,7 +128,7 @@ QString ConfigForm::TryRemoteConnect(const QString &drive) const
 
 void ConfigForm::ItemAddFile(const QString &object, const QString &prefix, const QString &flags)
 {
-    change([&](const RowSelection &selection) {
+    insertRows([&](const RowSelection &selection) {
         const FlagsSpace space = selection.current >= 0 ? FlagsSpace::Yes : FlagsSpace::No;
         return m_commands.insertLine(assembleLine(object, prefix, flags, space), selection);
     });
@@ -272,7 +272,7 @@ void ConfigForm::mnuEditPaste_Click()
     const QString text = RowClipboard::text();
     if (text.isEmpty())
         return;
-    change([&](const RowSelection &selection) { return m_commands.insertUnrecorded(rowsOfText(text), selection); });
+    insertRows([&](const RowSelection &selection) { return m_commands.insertUnrecorded(rowsOfText(text), selection); });
 }
 
 void ConfigForm::PrintOut()
@@ -430,7 +430,7 @@ bool ConfigForm::requireCurrentRow()
     return false;
 }
 
-void ConfigForm::change(const std::function<RowSelection(const RowSelection &)> &command)
+void ConfigForm::change(const RowCommand &command)
 {
     const RowSelection selection = command(m_ui.list->rowSelection());
     m_ui.list->setRowSelection(selection);
@@ -439,6 +439,14 @@ void ConfigForm::change(const std::function<RowSelection(const RowSelection &)> 
         m_presence.setUndoEnabled(true);
     measureRows();
     showRowIndicator();
+}
+
+void ConfigForm::insertRows(const RowCommand &command)
+{
+    change(command);
+    // They are behind the last row then, and nothing else would tell the user that they are there.
+    if (m_ui.list->listIndex() < 0)
+        m_ui.list->scrollToBottom();
 }
 
 void ConfigForm::move(RowSelection (RowCommands::*command)(const RowSelection &), bool mayMove, const QString &refusal)

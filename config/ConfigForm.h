@@ -181,7 +181,9 @@ private:
     void editItem(ItemKind kind, qint16 row);
     void prepareEditor(ItemEditor &editor);
     [[nodiscard]] bool requireCurrentRow();
-    void change(const std::function<RowSelection(const RowSelection &)> &command);
+    using RowCommand = std::function<RowSelection(const RowSelection &)>;
+    void change(const RowCommand &command);
+    void insertRows(const RowCommand &command);
     void move(RowSelection (RowCommands::*command)(const RowSelection &), bool mayMove, const QString &refusal);
 
     Services m_services;

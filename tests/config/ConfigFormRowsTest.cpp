@@ -373,6 +373,28 @@ TEST_F(DocumentRows, TheListCanBeScrolledToTheEndOfEveryNewRow)
     EXPECT_EQ(list().horizontalExtent(), extentOf(wide));
 }
 
+TEST_F(DocumentRows, WhatIsAppendedIsSeen)
+{
+    load(numberedLines(1000));
+    form->activateDocument();
+    showActive(*form);
+    const auto isLastRowSeen = [this] {
+        QCoreApplication::processEvents();
+        return list().viewport()->rect().contains(list().visualRect(list().model()->index(int(rows().size()) - 1, 0)));
+    };
+    ASSERT_FALSE(isLastRowSeen());
+    form->ItemAddFile("added", "", "");
+    EXPECT_TRUE(isLastRowSeen());
+    list().scrollToTop();
+    setClipboard("1\r\n2\r\n3");
+    form->mnuEditPaste_Click();
+    EXPECT_TRUE(isLastRowSeen());
+    // In front of a current row nothing is appended, and the list stays with that row.
+    clickRow(list(), 0);
+    form->ItemAddFile("first", "", "");
+    EXPECT_FALSE(isLastRowSeen());
+}
+
 // The menu on the list
 
 TEST_F(DocumentRows, TheMenuKeyAsksForTheMenuAtTheCurrentRow)
