@@ -34,6 +34,24 @@ protected:
     [[nodiscard]] bool isEnabled(const char *entry) const { return control<QAction>(*window, entry)->isEnabled(); }
 };
 
+// Files
+
+TEST_F(MainCommands, ToolBarSavesOpensAndMakesDocuments)
+{
+    startOnTwo();
+    document(0).ItemChangeFile("a2", "!", "", 1);
+    press(*window, "Save");
+    EXPECT_EQ(fakeFiles.content["/a.zcf"], "a1\r\n!a2\r\na3\r\n");
+    EXPECT_EQ(document(0).changed(), 0);
+
+    const auto asked = onNextDialog([](QWidget &dialog) { EXPECT_EQ(dialog.windowTitle(), "Open"); });
+    press(*window, "Open");
+    EXPECT_TRUE(asked->handled);
+
+    press(*window, "New");
+    EXPECT_EQ(captions(), (QStringList{"/a.zcf", "/b.zcf", "Document 3"}));
+}
+
 // Items
 
 struct KindCase
