@@ -4,6 +4,7 @@
 #include "platform/FileAccess.h"
 #include "platform/FileSystem.h"
 #include "platform/FileTypes.h"
+#include "platform/PasswordScrambler.h"
 #include "platform/Registry.h"
 #include "platform/UserSettings.h"
 
@@ -39,6 +40,7 @@ struct Platform
     /// Uses files, and goes before them.
     std::unique_ptr<FileTypes> fileTypes;
     std::unique_ptr<Accounts> accounts;
+    std::unique_ptr<PasswordScrambler> scrambler;
     CommandLine commandLine;
     ProgramPathForm programPath;
     /// The system's version as GetVersion() lays it out: major version in the lowest byte, minor version in the next.

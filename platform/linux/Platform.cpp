@@ -1,5 +1,6 @@
 #include "platform/Platform.h"
 
+#include "platform/AidLibrary.h"
 #include "platform/ByteText.h"
 #include "platform/linux/DesktopFileTypes.h"
 #include "platform/linux/IniUserSettings.h"
@@ -68,6 +69,7 @@ Platform makePlatform(const QString &title, int argc, const char *const *argv)
     platform.fileTypes = std::make_unique<DesktopFileTypes>(
         *platform.files, QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation), configuration);
     platform.accounts = std::make_unique<LinuxAccounts>(std::make_unique<NameService>());
+    platform.scrambler = std::make_unique<AidLibrary>(QStringLiteral("runaid"), QStringConverter::Latin1);
     for (int i = 1; i < argc; ++i)
         platform.commandLine.arguments << decodeBytes(argv[i]);
     platform.programPath = {QStringLiteral("/"), QString()};
