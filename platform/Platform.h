@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Accounts.h"
+#include "platform/Directory.h"
 #include "platform/FileAccess.h"
 #include "platform/FileSystem.h"
 #include "platform/FileTypes.h"
@@ -40,6 +41,7 @@ struct Platform
     /// Uses files, and goes before them.
     std::unique_ptr<FileTypes> fileTypes;
     std::unique_ptr<Accounts> accounts;
+    std::unique_ptr<Directory> directory;
     std::unique_ptr<PasswordScrambler> scrambler;
     CommandLine commandLine;
     ProgramPathForm programPath;

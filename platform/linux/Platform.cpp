@@ -2,6 +2,7 @@
 
 #include "platform/AidLibrary.h"
 #include "platform/ByteText.h"
+#include "platform/LdapDirectory.h"
 #include "platform/linux/DesktopFileTypes.h"
 #include "platform/linux/IniUserSettings.h"
 #include "platform/linux/LinuxAccounts.h"
@@ -69,6 +70,7 @@ Platform makePlatform(const QString &title, int argc, const char *const *argv)
     platform.fileTypes = std::make_unique<DesktopFileTypes>(
         *platform.files, QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation), configuration);
     platform.accounts = std::make_unique<LinuxAccounts>(std::make_unique<NameService>());
+    platform.directory = std::make_unique<LdapDirectory>();
     platform.scrambler = std::make_unique<AidLibrary>(QStringLiteral("runaid"), QStringConverter::Latin1);
     for (int i = 1; i < argc; ++i)
         platform.commandLine.arguments << decodeBytes(argv[i]);

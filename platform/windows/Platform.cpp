@@ -1,6 +1,7 @@
 #include "platform/Platform.h"
 
 #include "platform/AidLibrary.h"
+#include "platform/LdapDirectory.h"
 #include "platform/windows/CommandLineText.h"
 #include "platform/windows/WindowsAccounts.h"
 #include "platform/windows/WindowsFileAccess.h"
@@ -26,6 +27,7 @@ Platform makePlatform(const QString &title, int, const char *const *)
     platform.registry = std::make_unique<WindowsRegistry>();
     platform.fileTypes = std::make_unique<WindowsFileTypes>();
     platform.accounts = std::make_unique<WindowsAccounts>();
+    platform.directory = std::make_unique<LdapDirectory>();
     platform.scrambler = std::make_unique<AidLibrary>(QStringLiteral("runaid"), QStringConverter::System);
     platform.commandLine.rawText = behindProgramName(QString::fromWCharArray(GetCommandLineW()));
     platform.programPath = {QStringLiteral("\\"), QStringLiteral(".exe")};

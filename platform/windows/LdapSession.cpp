@@ -1,0 +1,126 @@
+#include "platform/LdapSession.h"
+
+#include "platform/DirectoryPath.h"
+#include "platform/windows/ServerCertificate.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(LdapSession)
+};
+
+LdapAnswer answer(LdapAnswer::Code code, const QString &text = {})
+{
+    LdapAnswer result;
+    result.code = code;
+    result.text = text;
+    return result;
+}
+
+/// What is known while a certificate is looked at: the library hands its callback nothing of ours, but calls it from
+/// within the call that encrypts.
+struct Check
+{
+    QString host;
+    QString problem;
+};
+thread_local Check *check = nullptr;
+
+/// Replaces the library's own check, which does not say what is wrong. The certificate stays the library's. Its type is
+/// a pointer less in some headers.
+BOOLEAN LDAPAPI verifyCertificate(PLDAP, PCCERT_CONTEXT *certificate)
+{
+    if (!check)
+        return FALSE;
+    check->problem = certificateProblem(certificate ? *certificate : nullptr, check->host);
+    return check->problem.isEmpty() ? TRUE : FALSE;
+}
+
+bool setOptions(LDAP *session)
+{
+    const ULONG version = LDAP_VERSION3;
+    const ULONG noReference = LDAP_DEREF_NEVER;
+    const ULONG noLimit = LDAP_NO_LIMIT;
+    return ldap_set_option(session, LDAP_OPT_PROTOCOL_VERSION, &version) == LDAP_SUCCESS &&
+           ldap_set_option(session, LDAP_OPT_REFERRALS, LDAP_OPT_OFF) == LDAP_SUCCESS &&
+           ldap_set_option(session, LDAP_OPT_DEREF, &noReference) == LDAP_SUCCESS &&
+           ldap_set_option(session, LDAP_OPT_SIZELIMIT, &noLimit) == LDAP_SUCCESS;
+}
+
+bool setVerification(LDAP *session)
+{
+    return ldap_set_option(session, LDAP_OPT_SERVER_CERTIFICATE, reinterpret_cast<void *>(verifyCertificate)) ==
+           LDAP_SUCCESS;
+}
+
+} // namespace
+
+struct LdapSession::Connection
+{
+    QString host;
+};
+
+LdapSession::LdapSession(const LdapLimits &limits)
+    : m_limits(limits)
+    , m_connection(std::make_unique<Connection>())
+{
+}
+
+LdapSession::~LdapSession()
+{
+    if (m_session)
+        LdapInterface::end(m_session);
+}
+
+// The library waits on its own here: what can be done is to ask before.
+LdapAnswer LdapSession::open(const DirectoryPath &path, const Directory::GoOn &goOn)
+{
+    if (goOn && !goOn())
+        return answer(LdapAnswer::Cancelled);
+    m_connection->host = path.host;
+    LdapInterface::Argument host(path.host);
+    const bool isEncrypted = path.port == m_limits.encryptedPort;
+    m_session = isEncrypted ? ldap_sslinit(host.data(), ULONG(path.port), 1) : ldap_init(host.data(), ULONG(path.port));
+    if (!m_session)
+        return failed(int(LdapGetLastError()));
+    if (!setOptions(m_session) || (isEncrypted && !setVerification(m_session)))
+        return answer(LdapAnswer::Local, Texts::tr("The LDAP library does not know a setting."));
+
+    Check own{path.host, {}};
+    check = &own;
+    LdapInterface::Time limit = LdapInterface::timeOf(m_limits.connect);
+    const ULONG code = ldap_connect(m_session, &limit);
+    check = nullptr;
+    if (!own.problem.isEmpty())
+        return answer(LdapAnswer::Unencryptable, own.problem);
+    if (code == LDAP_SUCCESS)
+        return {};
+    if (code == LDAP_TIMEOUT)
+        return answer(LdapAnswer::TimedOut);
+    return answer(LdapAnswer::Unreachable, LdapInterface::textOf(ldap_err2string(code)));
+}
+
+LdapAnswer LdapSession::startEncryption(const Directory::GoOn &goOn)
+{
+    if (goOn && !goOn())
+        return answer(LdapAnswer::Cancelled);
+    if (!setVerification(m_session))
+        return answer(LdapAnswer::Local, Texts::tr("The LDAP library does not know a setting."));
+    Check own{m_connection->host, {}};
+    check = &own;
+    ULONG said = LDAP_SUCCESS;
+    LDAPMessage *result = nullptr;
+    const ULONG code = ldap_start_tls_s(m_session, &said, &result, nullptr, nullptr);
+    check = nullptr;
+    if (result)
+        ldap_msgfree(result);
+    if (!own.problem.isEmpty())
+        return answer(LdapAnswer::Unencryptable, own.problem);
+    if (code == LDAP_SUCCESS)
+        return {};
+    // What the server has said counts: that it does not encrypt is no failure of the connection.
+    return failed(int(said == LDAP_SUCCESS ? code : said));
+}
