@@ -69,6 +69,13 @@ install_packages() {
         die "The packages could not be installed. $by_hand"
 }
 
+# Where ccache is installed, what one checkout has compiled need not be compiled
+# again for another one of the same content.
+if type -P ccache >/dev/null; then
+    export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}
+    export CCACHE_BASEDIR=${CCACHE_BASEDIR-$tree} CCACHE_NOHASHDIR=1
+fi
+
 # build PRESET [TARGET ...]: configures build/PRESET when that is new, of another
 # place or older than the presets, and builds. The build system looks after its
 # own files, but not after the presets. One build at a time: a second one waits.
