@@ -1,7 +1,9 @@
 #include "editors/ItemEditors.h"
 
+#include "editors/ConfigDialogGroup.h"
 #include "editors/ConfigDialogMisc.h"
 #include "editors/ConfigDialogOther.h"
+#include "editors/ConfigDialogUser.h"
 
 #include <algorithm>
 #include <array>
@@ -24,6 +26,8 @@ struct Maker
 // clang-format off
 /// The kinds that have an editor, one a row.
 constexpr std::array makers {
+    Maker{ItemKind::User,  make<ConfigDialogUser>},
+    Maker{ItemKind::Group, make<ConfigDialogGroup>},
     Maker{ItemKind::Line,  make<ConfigDialogMisc>},
     Maker{ItemKind::Other, make<ConfigDialogOther>},
 };

@@ -10,6 +10,7 @@
 #include "tests/support/Gestures.h"
 #include "tests/support/Printers.h"
 
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QPointer>
 #include <QTest>
@@ -75,6 +76,28 @@ protected:
         ASSERT_TRUE(edit->isVisible() && edit->isEnabled()) << field;
         edit->selectAll();
         edit->insert(text);
+    }
+
+    [[nodiscard]] static bool isChecked(const QWidget &form, const char *box)
+    {
+        return control<QCheckBox>(form, box)->isChecked();
+    }
+
+    /// The letters whose boxes are checked, options among them.
+    [[nodiscard]] static QStringList checkedBoxes(const QWidget &form)
+    {
+        QStringList names;
+        for (const QCheckBox *box : form.findChildren<QCheckBox *>()) {
+            if (box->isChecked())
+                names << box->objectName().mid(5);
+        }
+        return names;
+    }
+
+    static void pressAll(const QWidget &form, const QStringList &boxes)
+    {
+        for (const QString &box : boxes)
+            press(form, box.toLatin1());
     }
 
     FakeMessages messages;

@@ -103,28 +103,6 @@ protected:
         press(openForRow(plainEditor(alphabet), 0), "OKButton");
         return document.rows[0];
     }
-
-    [[nodiscard]] static bool isChecked(const QWidget &form, const char *box)
-    {
-        return control<QCheckBox>(form, box)->isChecked();
-    }
-
-    /// The letters whose boxes are checked, options among them.
-    [[nodiscard]] static QStringList checkedBoxes(const QWidget &form)
-    {
-        QStringList names;
-        for (const QCheckBox *box : form.findChildren<QCheckBox *>()) {
-            if (box->isChecked())
-                names << box->objectName().mid(5);
-        }
-        return names;
-    }
-
-    static void pressAll(const QWidget &form, const QStringList &boxes)
-    {
-        for (const QString &box : boxes)
-            press(form, box.toLatin1());
-    }
 };
 
 struct ShownAlphabet

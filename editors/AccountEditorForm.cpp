@@ -1,0 +1,56 @@
+#include "editors/AccountEditorForm.h"
+
+#include "browse/BrowseUsers.h"
+#include "editors/EditorServices.h"
+#include "editors/LineEdit.h"
+
+#include <QPointer>
+#include <QPushButton>
+
+namespace {
+
+QString withoutLeadingSpaces(const QString &text)
+{
+    qsizetype spaces = 0;
+    while (spaces < text.size() && text[spaces] == u' ')
+        ++spaces;
+    return text.mid(spaces);
+}
+
+} // namespace
+
+AccountEditorForm::AccountEditorForm(const Kind &kind, const EditorServices &services, QWidget *parent)
+    : FlagEditorForm(kind.form, kind.title, services.messages, parent)
+    , m_kind(kind)
+    , m_accounts(services.accounts)
+    , m_objectName(addObjectField(kind.nameLabel))
+{
+    connect(addButtonBehind(QLatin1String("Browse"), QStringLiteral("Browse...")), &QPushButton::clicked, this,
+            &AccountEditorForm::browse);
+    addPrefix();
+    addFlags(kind.flags);
+    addButtons(QStringLiteral("&OK"), QStringLiteral("&Close"));
+}
+
+void AccountEditorForm::showObject(const QString &object)
+{
+    m_objectName->setText(object.mid(m_kind.tag.size()));
+}
+
+QString AccountEditorForm::object() const
+{
+    return m_kind.tag + withoutLeadingSpaces(m_objectName->line());
+}
+
+void AccountEditorForm::browse()
+{
+    // It goes with this form, should that end while it is open.
+    const QPointer<BrowseUsers> picker = new BrowseUsers(m_accounts, this);
+    (picker->*m_kind.list)(host(), isRemote());
+    picker->exec();
+    if (!picker)
+        return;
+    // Also when it was cancelled: the name is empty then.
+    m_objectName->setText(picker->Selected());
+    picker->deleteLater();
+}
