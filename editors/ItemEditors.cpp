@@ -1,8 +1,10 @@
 #include "editors/ItemEditors.h"
 
+#include "editors/ConfigDialogAudit.h"
 #include "editors/ConfigDialogGroup.h"
 #include "editors/ConfigDialogMisc.h"
 #include "editors/ConfigDialogOther.h"
+#include "editors/ConfigDialogPolicy.h"
 #include "editors/ConfigDialogUser.h"
 
 #include <algorithm>
@@ -26,10 +28,12 @@ struct Maker
 // clang-format off
 /// The kinds that have an editor, one a row.
 constexpr std::array makers {
-    Maker{ItemKind::User,  make<ConfigDialogUser>},
-    Maker{ItemKind::Group, make<ConfigDialogGroup>},
-    Maker{ItemKind::Line,  make<ConfigDialogMisc>},
-    Maker{ItemKind::Other, make<ConfigDialogOther>},
+    Maker{ItemKind::User,          make<ConfigDialogUser>},
+    Maker{ItemKind::Group,         make<ConfigDialogGroup>},
+    Maker{ItemKind::AccountPolicy, make<ConfigDialogPolicy>},
+    Maker{ItemKind::AuditPolicy,   make<ConfigDialogAudit>},
+    Maker{ItemKind::Line,          make<ConfigDialogMisc>},
+    Maker{ItemKind::Other,         make<ConfigDialogOther>},
 };
 // clang-format on
 
