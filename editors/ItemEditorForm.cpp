@@ -90,9 +90,9 @@ LineEdit *ItemEditorForm::addPrefixField(QLatin1String labelName)
     return prefix;
 }
 
-void ItemEditorForm::addPart(QWidget &part)
+void ItemEditorForm::addPart(QWidget &part, Grows grows, Qt::Alignment alignment)
 {
-    m_layout->addWidget(&part);
+    m_layout->addWidget(&part, grows == Grows::Yes ? 1 : 0, alignment);
 }
 
 void ItemEditorForm::addButtons(const QString &okCaption, const QString &cancelCaption)

@@ -49,6 +49,7 @@ protected:
     };
 
     enum class AfterAdding { StaysOpen, Closes };
+    enum class Grows { No, Yes };
 
     ItemEditorForm(QLatin1String name, const QString &title, Messages &messages, QWidget *parent);
 
@@ -58,7 +59,9 @@ protected:
     QPushButton *addButtonBehind(QLatin1String name, const QString &caption, const QString &toolTip = {});
     /// The field Prefix with the button of the prefix chooser.
     LineEdit *addPrefixField(QLatin1String labelName);
-    void addPart(QWidget &part);
+    /// @param grows whether the part takes the space that a larger form has
+    /// @param alignment where the part stands when it is narrower than the form; by default it is as wide
+    void addPart(QWidget &part, Grows grows = Grows::No, Qt::Alignment alignment = {});
     /// OKButton and CancelButton; to be called last, by every form.
     void addButtons(const QString &okCaption, const QString &cancelCaption);
 

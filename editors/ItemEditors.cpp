@@ -5,6 +5,7 @@
 #include "editors/ConfigDialogMisc.h"
 #include "editors/ConfigDialogOther.h"
 #include "editors/ConfigDialogPolicy.h"
+#include "editors/ConfigDialogRight.h"
 #include "editors/ConfigDialogUser.h"
 
 #include <algorithm>
@@ -30,6 +31,7 @@ struct Maker
 constexpr std::array makers {
     Maker{ItemKind::User,          make<ConfigDialogUser>},
     Maker{ItemKind::Group,         make<ConfigDialogGroup>},
+    Maker{ItemKind::UserRight,     make<ConfigDialogRight>},
     Maker{ItemKind::AccountPolicy, make<ConfigDialogPolicy>},
     Maker{ItemKind::AuditPolicy,   make<ConfigDialogAudit>},
     Maker{ItemKind::Line,          make<ConfigDialogMisc>},

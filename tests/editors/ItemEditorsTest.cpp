@@ -13,7 +13,7 @@ TEST_F(ItemEditorsTest, HaveAFormForTheseKinds)
         if (editors.hasEditor(row.kind))
             kinds << row.displayName;
     }
-    EXPECT_EQ(kinds, (QStringList{"User", "Group", "Account Policy", "Audit Policy", "Line", "Other"}));
+    EXPECT_EQ(kinds, (QStringList{"User", "Group", "User Right", "Account Policy", "Audit Policy", "Line", "Other"}));
 }
 
 TEST_F(ItemEditorsTest, GiveEachKindItsForm)
