@@ -88,7 +88,7 @@ QGroupBox *FlagPanel::addFrame(const FlagFrame &frame)
     frameBox->setObjectName(frame.control);
     auto *layout = new QVBoxLayout(frameBox);
 
-    if (frame.letters.size() > 0) {
+    if (!frame.letters.isEmpty()) {
         auto *letters = new QGridLayout;
         addLetters(*letters, frame);
         layout->addLayout(letters);
