@@ -39,6 +39,21 @@ QString pathIn(const QString &folder, const QString &name)
     return folder.endsWith(separator) ? folder + name : folder + separator + name;
 }
 
+QStringList foldersOnTheWay(const QString &path)
+{
+    QString text = path;
+    text.replace(QLatin1Char('/'), separator);
+    const bool isShare = text.startsWith(QStringLiteral("\\\\"));
+    QStringList names = text.split(separator, Qt::SkipEmptyParts);
+    QString start = names.isEmpty() ? QString() : names.takeFirst();
+    if (isShare && !names.isEmpty())
+        start = hostPart(start) + names.takeFirst();
+    QStringList folders{start + separator};
+    for (const QString &name : names)
+        folders << pathIn(folders.last(), name);
+    return folders;
+}
+
 QString driveText(int index)
 {
     return QChar(u'A' + index) + QStringLiteral(":\\");

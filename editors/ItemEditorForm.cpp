@@ -98,7 +98,7 @@ void ItemEditorForm::addPart(QWidget &part, Grows grows, Qt::Alignment alignment
 void ItemEditorForm::addButtons(const QString &okCaption, const QString &cancelCaption)
 {
     m_okButton = addDialogButtons(*this, *m_layout, okCaption, cancelCaption);
-    connect(m_okButton, &QPushButton::clicked, this, [this] { runReported(m_messages, [this] { handOver(); }); });
+    connect(m_okButton, &QPushButton::clicked, this, [this] { runReported(m_messages, [this] { confirm(); }); });
 }
 
 bool ItemEditorForm::requireFlags(const QString &flags, const QString &prefix)
@@ -109,15 +109,20 @@ bool ItemEditorForm::requireFlags(const QString &flags, const QString &prefix)
     return false;
 }
 
-void ItemEditorForm::handOver()
+void ItemEditorForm::handOver(const Item &item)
+{
+    if (m_isNew)
+        m_document->ItemAddFile(item.object, item.prefix, item.flags);
+    else
+        m_document->ItemChangeFile(item.object, item.prefix, item.flags, m_row);
+}
+
+void ItemEditorForm::confirm()
 {
     const std::optional<Item> item = collectItem();
     if (!item)
         return;
-    if (m_isNew)
-        m_document->ItemAddFile(item->object, item->prefix, item->flags);
-    else
-        m_document->ItemChangeFile(item->object, item->prefix, item->flags, m_row);
+    handOver(*item);
     if (!m_isNew || m_afterAdding == AfterAdding::Closes)
         close();
 }

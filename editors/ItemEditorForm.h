@@ -73,6 +73,9 @@ protected:
     /// What the controls show; nothing when the user has been told why it cannot be handed to the document.
     [[nodiscard]] virtual std::optional<Item> collectItem() = 0;
 
+    /// Gives an item to the document. @throws RuntimeError as ItemDocument::ItemAddFile() and ItemChangeFile() do
+    void handOver(const Item &item);
+
     /// The rule of most kinds: only an exclusion, by a prefix that begins with "!", needs no flags. The user is told
     /// when it is broken.
     [[nodiscard]] bool requireFlags(const QString &flags, const QString &prefix);
@@ -80,10 +83,13 @@ protected:
     [[nodiscard]] const ItemDocument &document() const { return *m_document; }
     [[nodiscard]] const QString &host() const { return m_host; }
     [[nodiscard]] bool isRemote() const { return m_isRemote; }
+    /// The host whose objects are looked at; empty for this machine.
+    [[nodiscard]] QString browsedHost() const { return m_isRemote ? m_host : QString(); }
+    [[nodiscard]] bool isNew() const { return m_isNew; }
     [[nodiscard]] Messages &messages() const { return m_messages; }
 
 private:
-    void handOver();
+    void confirm();
     [[nodiscard]] QWidget *firstControl() const;
 
     Messages &m_messages;

@@ -3,8 +3,10 @@
 #include "editors/ConfigDialogAudit.h"
 #include "editors/ConfigDialogGroup.h"
 #include "editors/ConfigDialogMisc.h"
+#include "editors/ConfigDialogNew.h"
 #include "editors/ConfigDialogOther.h"
 #include "editors/ConfigDialogPolicy.h"
+#include "editors/ConfigDialogReg.h"
 #include "editors/ConfigDialogRight.h"
 #include "editors/ConfigDialogUser.h"
 
@@ -29,6 +31,8 @@ struct Maker
 // clang-format off
 /// The kinds that have an editor, one a row.
 constexpr std::array makers {
+    Maker{ItemKind::File,          make<ConfigDialogNew>},
+    Maker{ItemKind::Registry,      make<ConfigDialogReg>},
     Maker{ItemKind::User,          make<ConfigDialogUser>},
     Maker{ItemKind::Group,         make<ConfigDialogGroup>},
     Maker{ItemKind::UserRight,     make<ConfigDialogRight>},

@@ -55,6 +55,16 @@ TEST(DrivePaths, ASeparatorIsNotDoubled)
     EXPECT_EQ(pathIn("\\\\host\\C$\\", "a"), "\\\\host\\C$\\a");
 }
 
+TEST(DrivePaths, TheWayToAFolderBeginsWithItsDriveOrShare)
+{
+    EXPECT_EQ(foldersOnTheWay("C:\\"), QStringList{"C:\\"});
+    EXPECT_EQ(foldersOnTheWay("C:"), QStringList{"C:\\"});
+    EXPECT_EQ(foldersOnTheWay("C:\\a\\b c\\"), (QStringList{"C:\\", "C:\\a", "C:\\a\\b c"}));
+    EXPECT_EQ(foldersOnTheWay("c:/a\\\\b"), (QStringList{"c:\\", "c:\\a", "c:\\a\\b"}));
+    EXPECT_EQ(foldersOnTheWay("\\\\host\\C$"), QStringList{"\\\\host\\C$\\"});
+    EXPECT_EQ(foldersOnTheWay("\\\\host\\C$\\a"), (QStringList{"\\\\host\\C$\\", "\\\\host\\C$\\a"}));
+}
+
 TEST(DrivePaths, ADriveIsAskedForThroughTheHostsName)
 {
     EXPECT_EQ(drivePath(2, ""), "C:\\");

@@ -31,8 +31,8 @@ protected:
     void prepare(ItemEditor &editor)
     {
         editor.setWindowToAffect(document);
-        editor.setHost(QString());
-        editor.setRemoteFlag(false);
+        editor.setHost(host);
+        editor.setRemoteFlag(!host.isEmpty());
     }
 
     ItemEditorForm &openForNew(ItemEditor &editor)
@@ -103,6 +103,8 @@ protected:
     FakeMessages messages;
     const UseMessages use{messages};
     FakeDocument document;
+    /// The host of the document, for editors that are opened from now on.
+    QString host;
     QWidget window;
     FakeAccounts accounts;
     FakeFileSystem fileSystem;

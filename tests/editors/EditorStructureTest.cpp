@@ -84,7 +84,7 @@ TEST_F(EditorStructure, TabGoesAsTheFormIsRead)
             const QWidget *at = form.findChild<QWidget *>(name);
             if (above && above->parentWidget() == at->parentWidget() && !qobject_cast<const QCheckBox *>(at)) {
                 const int down = at->mapTo(&form, QPoint()).y() - above->mapTo(&form, QPoint()).y();
-                const bool isBeside = qAbs(down) < at->height() / 2;
+                const bool isBeside = qAbs(down) < qMin(above->height(), at->height()) / 2;
                 EXPECT_TRUE(isBeside ? at->x() > above->x() : down > 0)
                     << name.toStdString() << " behind " << above->objectName().toStdString();
             }

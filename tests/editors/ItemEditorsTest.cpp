@@ -13,7 +13,8 @@ TEST_F(ItemEditorsTest, HaveAFormForTheseKinds)
         if (editors.hasEditor(row.kind))
             kinds << row.displayName;
     }
-    EXPECT_EQ(kinds, (QStringList{"User", "Group", "User Right", "Account Policy", "Audit Policy", "Line", "Other"}));
+    EXPECT_EQ(kinds, (QStringList{"File", "Registry", "User", "Group", "User Right", "Account Policy", "Audit Policy",
+                                  "Line", "Other"}));
 }
 
 TEST_F(ItemEditorsTest, GiveEachKindItsForm)

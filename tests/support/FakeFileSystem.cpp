@@ -91,7 +91,8 @@ QString FakeFileSystem::keyOf(const QString &path)
 void FakeFileSystem::add(const QString &path, bool isFolder)
 {
     const QString above = path.left(path.lastIndexOf('\\'));
-    if (!m_entries.contains(keyOf(above))) {
+    const bool isDrive = path.indexOf('\\') == path.size() - 1;
+    if (!isDrive && !m_entries.contains(keyOf(above))) {
         ASSERT_TRUE(above.contains('\\')) << "no drive for " << path.toStdString();
         add(above, true);
     }
