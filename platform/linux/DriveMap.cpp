@@ -116,14 +116,7 @@ QString DriveMap::pathOf(const QByteArray &systemsPath, const QString &host) con
 {
     if (!systemsPath.startsWith('/') || systemsPath.contains('\\'))
         return {};
-    // The last name may be a link, which is meant itself then, or not be there yet.
-    const qsizetype nameAt = systemsPath.lastIndexOf('/') + 1;
-    QByteArray path = realPath(systemsPath.first(nameAt));
-    if (path.isEmpty())
-        return {};
-    if (nameAt < systemsPath.size())
-        path += (path.endsWith('/') ? "" : "/") + systemsPath.sliced(nameAt);
-
+    const QByteArray path = withRealFolder(systemsPath);
     std::optional<Root> nearest;
     for (const Root &root : roots(host)) {
         if (isWithin(path, root.folder) && (!nearest || root.folder.size() > nearest->folder.size()))

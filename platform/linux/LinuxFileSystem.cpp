@@ -83,7 +83,10 @@ FolderContent LinuxFileSystem::ListFolder(const QString &path) const
 QString LinuxFileSystem::systemPath(const QString &path) const
 {
     const std::optional<QByteArray> found = m_drives.find(path);
-    return found ? decodeBytes(*found) : QString();
+    if (!found)
+        return {};
+    // Not by way of the folder of drives, which nobody knows their files by.
+    return decodeBytes(FolderExists(path) ? realPath(*found) : withRealFolder(*found));
 }
 
 QString LinuxFileSystem::pathOf(const QString &systemsPath, const QString &host) const

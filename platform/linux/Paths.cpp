@@ -9,6 +9,15 @@ QByteArray realPath(const QByteArray &path)
     return real ? QByteArray(real.get()) : QByteArray();
 }
 
+QByteArray withRealFolder(const QByteArray &path)
+{
+    const qsizetype nameAt = path.lastIndexOf('/') + 1;
+    const QByteArray folder = realPath(path.first(nameAt));
+    if (folder.isEmpty() || nameAt == path.size())
+        return folder;
+    return (folder.endsWith('/') ? folder : folder + '/') + path.sliced(nameAt);
+}
+
 bool isWithin(QByteArrayView path, QByteArrayView folder)
 {
     if (folder == "/")

@@ -261,7 +261,12 @@ TEST_F(LinuxFileSystemTest, TheSystemsPathIsTheOneThatIsFound)
 {
     makeFolder("disk/Folder");
     makeFile("disk/Folder/A");
-    EXPECT_EQ(fileSystem.systemPath("c:\\FOLDER\\a"), decodeBytes(at("drives/c:/Folder/A")));
+    link("A", "disk/Folder/link");
+    EXPECT_EQ(fileSystem.systemPath("c:\\FOLDER\\a"), decodeBytes(at("disk/Folder/A")));
+    EXPECT_EQ(fileSystem.systemPath("C:\\folder"), decodeBytes(at("disk/Folder")));
+    EXPECT_EQ(fileSystem.systemPath("C:\\"), decodeBytes(at("disk")));
+    // A link to a file is a file of its own.
+    EXPECT_EQ(fileSystem.systemPath("C:\\folder\\link"), decodeBytes(at("disk/Folder/link")));
     EXPECT_EQ(fileSystem.systemPath("C:\\none"), QString());
     EXPECT_EQ(fileSystem.systemPath("none"), QString());
 }
