@@ -8,8 +8,16 @@ constexpr QLatin1Char separator('\\');
 
 QString trimmedPath(const QString &path)
 {
-    const QString trimmed = path.trimmed();
-    return trimmed.endsWith(separator) ? trimmed.chopped(1) : trimmed;
+    // Blanks only: other white space may be a part of a key's name.
+    qsizetype begin = 0;
+    qsizetype end = path.size();
+    while (begin < end && path[begin] == QLatin1Char(' '))
+        ++begin;
+    while (end > begin && path[end - 1] == QLatin1Char(' '))
+        --end;
+    if (end > begin && path[end - 1] == separator)
+        --end;
+    return path.sliced(begin, end - begin);
 }
 
 template<class Change>

@@ -126,7 +126,8 @@ bool ConfigDialogNew::goToDrive(const QString &drive)
     m_connection = connection.endsWith(separator) ? connection.chopped(1) : connection;
     setWindowTitle(QStringLiteral("File System (%1)").arg(path));
     m_lists->showDrive(drive);
-    openFolder(path);
+    // What is there may be a file, with nothing in it.
+    (void)openFolder(path);
     m_objectName->setText(drive + separator);
     return true;
 }

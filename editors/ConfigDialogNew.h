@@ -31,9 +31,9 @@ private:
     /// Moves the lists to a path as the line has it, as far as it is there.
     void moveListsTo(const QString &path);
     /// Goes to a drive, "C:". @return false when it cannot be reached; the user is told, and the lists stay then
-    bool goToDrive(const QString &drive);
+    [[nodiscard]] bool goToDrive(const QString &drive);
     /// Opens a folder in the lists. @return false when it is not there; the lists stay then
-    bool openFolder(const QString &path);
+    [[nodiscard]] bool openFolder(const QString &path);
     void reportMissing(const QString &path);
 
     void chooseFile();

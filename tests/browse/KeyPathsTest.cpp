@@ -35,6 +35,9 @@ TEST(KeyPaths, BlanksAroundAPathAndOneSeparatorAtItsEndDoNotCount)
     EXPECT_EQ(meantKeyPath("  HKLM\\SOFTWARE\\ "), "HKEY_LOCAL_MACHINE\\SOFTWARE");
     EXPECT_EQ(meantKeyPath("HKLM\\"), "HKEY_LOCAL_MACHINE");
     EXPECT_EQ(meantKeyPath("HKLM\\a\\\\"), "HKEY_LOCAL_MACHINE\\a\\");
+    // Other white space is a part of a name.
+    EXPECT_EQ(meantKeyPath("HKLM\\a\t"), "HKEY_LOCAL_MACHINE\\a\t");
+    EXPECT_EQ(meantKeyPath("  "), "");
 
     KeyPaths paths;
     const QString key = paths.enter(" HKEY_USERS\\a\\ ");
