@@ -113,6 +113,37 @@ TEST_F(ProgramWithEditors, NewItemsAreAddedOneAfterTheOther)
     EXPECT_EQ(document(0).rowList().rows(), (QStringList{"; a", "\\\\server\\x t", "; b", "", "; c"}));
 }
 
+TEST_F(ProgramWithEditors, FilesAndKeysAreAddedAndChanged)
+{
+    fileSystem.addDrive("C:\\");
+    fileSystem.addFolder("C:\\my files");
+    open();
+    trigger(*window, "mnuItemNewFile");
+    press(editor(), "flag_t");
+    press(editor(), "OKButton");
+    clickRow(list(document(0)), 0);
+    enter(editor(), "ObjectName", "C:\\my files\\");
+    press(editor(), "OKButton");
+    key(editor(), Qt::Key_Escape);
+    settle();
+    trigger(*window, "mnuItemNewReg");
+    enter(editor(), "ObjectName", "HKLM");
+    press(editor(), "Button_Flag_All");
+    press(editor(), "OKButton");
+    key(editor(), Qt::Key_Escape);
+    settle();
+    // The first came while no row was current, so that it has no space before its flags.
+    EXPECT_EQ(document(0).rowList().rows(),
+              (QStringList{"\"C:\\my files\" t", "HKLM\\ $(RA)", "; a", "\\\\server\\x t", "C:\\t"}));
+    doubleClickRow(0);
+    EXPECT_EQ(editor().objectName(), "ConfigDialogNew");
+    EXPECT_EQ(editor().windowTitle(), "File System (C:\\)");
+    press(editor(), "Button_Flag_Log");
+    press(editor(), "OKButton");
+    settle();
+    EXPECT_EQ(document(0).rowList().rows()[0], "\"C:\\my files\" $(LOG)");
+}
+
 TEST_F(ProgramWithEditors, PastedLinesStayOneRow)
 {
     open();
