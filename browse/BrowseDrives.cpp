@@ -27,6 +27,7 @@ BrowseDrives::BrowseDrives(const FileSystem &fileSystem, const QString &host, QW
     label->setObjectName(QStringLiteral("Label1"));
     label->setBuddy(m_driveList);
     m_driveList->setObjectName(QStringLiteral("DriveList"));
+    m_driveList->setAccessibleName(tr("Drives"));
     m_driveList->setSelectionMode(QAbstractItemView::MultiSelection);
 
     auto *layout = new QVBoxLayout(this);

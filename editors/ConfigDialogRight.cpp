@@ -103,6 +103,7 @@ void ConfigDialogRight::addRights()
 
     addPart(*m_allRights, Grows::No, Qt::AlignLeft);
     addRightsLabel(QStringLiteral("Label1"), QStringLiteral("Rights to monitor"), *m_rightsList);
+    m_rightsList->setAccessibleName(QStringLiteral("Rights to monitor"));
     addPart(*m_rightsList, Grows::Yes);
     addRightsLabel(QStringLiteral("Label2"), QStringLiteral("Other rights (wildcards accepted)"), *m_objectName);
     addPart(*m_objectName);

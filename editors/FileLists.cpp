@@ -28,6 +28,8 @@ QLabel *newLabel(const QString &name, const QString &text, QWidget *buddy, QWidg
     auto *label = new QLabel(text, parent);
     label->setObjectName(name);
     label->setBuddy(buddy);
+    // A list does not take its name from its label as other controls do.
+    buddy->setAccessibleName(QString(text).remove(u'&'));
     return label;
 }
 

@@ -46,6 +46,9 @@ bool hasLabel(const QWidget &form, const QWidget &input)
 {
     if (!input.accessibleName().isEmpty())
         return true;
+    // A screen reader is not told the label of a list or a tree.
+    if (qobject_cast<const QAbstractItemView *>(&input))
+        return false;
     if (const auto *button = qobject_cast<const QAbstractButton *>(&input); button && !button->text().isEmpty())
         return true;
     for (const QLabel *label : form.findChildren<QLabel *>()) {
