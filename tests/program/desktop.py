@@ -149,12 +149,19 @@ class Program:
         return name.startswith(MAIN) if title == MAIN else name == title
 
     def nodes(self, root):
-        """All nodes below root that are shown, in their order."""
+        """All nodes below root that are shown, in their order. Of the documents only the active one is: the others
+        stand behind it."""
         for index in range(root.get_child_count()):
             child = root.get_child_at_index(index)
-            if child and self._is_showing(child):
+            if child and self._is_showing(child) and not self._is_document_behind(child):
                 yield child
                 yield from self.nodes(child)
+
+    def _is_document_behind(self, node):
+        # The window that is active, whatever it is, has the document's name in its title or is no document's.
+        if node.get_role_name() != "frame" or node.get_parent().get_role_name() == "application":
+            return False
+        return f"[{node.get_name()}]" not in self.window(MAIN).get_name()
 
     def find(self, title, role, name=None, nth=0):
         """The nth node of that role and name in the window of that title, once it is there."""
@@ -193,6 +200,12 @@ class Program:
         before = self.is_checked(title, name, role)
         self.desktop.click(self.find(title, role, name))
         until(lambda: self.is_checked(title, name, role) != before, f'"{name}" is toggled')
+
+    def choose(self, title, name, entry):
+        """Opens a drop-down list by mouse and finds an entry by its first letters."""
+        self.desktop.click(self.find(title, "combo box", name))
+        self.desktop.type(entry)
+        self.desktop.keys("Return")
 
     def menu(self, *captions):
         """Chooses a menu entry by mouse."""
