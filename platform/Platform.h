@@ -1,11 +1,14 @@
 #pragma once
 
 #include "platform/Accounts.h"
+#include "platform/DataSources.h"
 #include "platform/Directory.h"
 #include "platform/FileAccess.h"
 #include "platform/FileSystem.h"
 #include "platform/FileTypes.h"
+#include "platform/HelpViewer.h"
 #include "platform/PasswordScrambler.h"
+#include "platform/Programs.h"
 #include "platform/Registry.h"
 #include "platform/UserSettings.h"
 
@@ -43,6 +46,10 @@ struct Platform
     std::unique_ptr<Accounts> accounts;
     std::unique_ptr<Directory> directory;
     std::unique_ptr<PasswordScrambler> scrambler;
+    std::unique_ptr<DataSources> dataSources;
+    std::unique_ptr<Programs> programs;
+    /// Uses programs, and goes before them.
+    std::unique_ptr<HelpViewer> helpViewer;
     CommandLine commandLine;
     ProgramPathForm programPath;
     /// The system's version as GetVersion() lays it out: major version in the lowest byte, minor version in the next.

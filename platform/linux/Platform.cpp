@@ -8,7 +8,10 @@
 #include "platform/linux/LinuxAccounts.h"
 #include "platform/linux/LinuxFileAccess.h"
 #include "platform/linux/LinuxFileSystem.h"
+#include "platform/linux/LinuxPrograms.h"
 #include "platform/linux/SqliteRegistry.h"
+#include "platform/linux/XchmHelpViewer.h"
+#include "platform/OdbcDataSources.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -62,8 +65,8 @@ Platform makePlatform(const QString &title, int argc, const char *const *argv)
     platform.files = std::make_unique<LinuxFileAccess>(std::make_unique<SystemCalls>(),
                                                        stateFolder() + '/' + encodeText(title) + "/unfinished");
     const QString configuration = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    platform.fileSystem =
-        std::make_unique<LinuxFileSystem>(encodeText(configuration + QLatin1Char('/') + title) + "/dosdevices");
+    const QByteArray drivesFolder = encodeText(configuration + QLatin1Char('/') + title) + "/dosdevices";
+    platform.fileSystem = std::make_unique<LinuxFileSystem>(drivesFolder);
     platform.userSettings =
         std::make_unique<IniUserSettings>(*platform.files, QStringLiteral("%1/%2/%2.ini").arg(configuration, title));
     platform.registry = std::make_unique<SqliteRegistry>(registryFile(title), registryUserKey());
@@ -72,6 +75,9 @@ Platform makePlatform(const QString &title, int argc, const char *const *argv)
     platform.accounts = std::make_unique<LinuxAccounts>(std::make_unique<NameService>());
     platform.directory = std::make_unique<LdapDirectory>();
     platform.scrambler = std::make_unique<AidLibrary>(QStringLiteral("runaid"), QStringConverter::Latin1);
+    platform.dataSources = std::make_unique<OdbcDataSources>();
+    platform.programs = std::make_unique<LinuxPrograms>();
+    platform.helpViewer = std::make_unique<XchmHelpViewer>(*platform.programs, drivesFolder);
     for (int i = 1; i < argc; ++i)
         platform.commandLine.arguments << decodeBytes(argv[i]);
     platform.programPath = {QStringLiteral("/"), QString()};

@@ -2,11 +2,14 @@
 
 #include "platform/AidLibrary.h"
 #include "platform/LdapDirectory.h"
+#include "platform/OdbcDataSources.h"
 #include "platform/windows/CommandLineText.h"
+#include "platform/windows/HtmlHelpViewer.h"
 #include "platform/windows/WindowsAccounts.h"
 #include "platform/windows/WindowsFileAccess.h"
 #include "platform/windows/WindowsFileSystem.h"
 #include "platform/windows/WindowsFileTypes.h"
+#include "platform/windows/WindowsPrograms.h"
 #include "platform/windows/WindowsRegistry.h"
 #include "platform/windows/WindowsUserSettings.h"
 
@@ -29,6 +32,9 @@ Platform makePlatform(const QString &title, int, const char *const *)
     platform.accounts = std::make_unique<WindowsAccounts>();
     platform.directory = std::make_unique<LdapDirectory>();
     platform.scrambler = std::make_unique<AidLibrary>(QStringLiteral("runaid"), QStringConverter::System);
+    platform.dataSources = std::make_unique<OdbcDataSources>();
+    platform.programs = std::make_unique<WindowsPrograms>();
+    platform.helpViewer = std::make_unique<HtmlHelpViewer>();
     platform.commandLine.rawText = behindProgramName(QString::fromWCharArray(GetCommandLineW()));
     platform.programPath = {QStringLiteral("\\"), QStringLiteral(".exe")};
     platform.versionWord = GetVersion();
