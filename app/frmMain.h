@@ -38,7 +38,7 @@ public:
         UserSettings &userSettings;
         Messages &messages;
         EditorFactory &editors;
-        const DocumentPreferences &preferences;
+        DocumentPreferences &preferences;
         /// What the program may be without; the menu entries that need it are disabled then.
         AssociationCheck *associations = nullptr;
         GlobalSettingsEditor *globalSettings = nullptr;

@@ -7,6 +7,7 @@
 #include "editors/ItemEditors.h"
 #include "platform/Platform.h"
 #include "settings/Config.h"
+#include "settings/StoredPreferences.h"
 
 int main(int argc, char **argv)
 {
@@ -14,13 +15,14 @@ int main(int argc, char **argv)
     MessageBoxes messages;
     ItemEditors editors({messages, *platform.accounts, *platform.fileSystem, *platform.registry});
     ConfigWizards wizards(messages);
-    const Config config(*platform.registry);
+    Config config(*platform.registry);
+    StoredPreferences preferences(*platform.registry, config);
 
     int ownArguments = 1;
     Application application(ownArguments, argv, messages);
     Application::setApplicationVersion(QStringLiteral(ZENTILCONF_VERSION));
 
-    frmMain window({*platform.files, *platform.userSettings, messages, editors, config, nullptr, &wizards},
+    frmMain window({*platform.files, *platform.userSettings, messages, editors, preferences, nullptr, &wizards},
                    platform.programPath);
     editors.setParentWindow(&window);
     wizards.setParentWindow(&window);

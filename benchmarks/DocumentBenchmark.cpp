@@ -44,6 +44,8 @@ class NoPreferences final : public DocumentPreferences
 public:
     [[nodiscard]] qint16 Edit() const override { return 0; }
     [[nodiscard]] qint16 remote() const override { return 0; }
+    [[nodiscard]] ListFont listFont() const override { return {}; }
+    void storeListFont(const QString &, qint16) override {}
 };
 
 /// An open document on the screen, with all its rows selected but the first and the last.

@@ -19,7 +19,9 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QFontDatabase>
 #include <QFontDialog>
+#include <QFontInfo>
 #include <QPrinter>
 #include <QPushButton>
 #include <QTextEdit>
@@ -46,14 +48,16 @@ bool isEditedAsLine(const DocumentPreferences &preferences)
     }
 }
 
-/// What a document of a remote host starts with. A setting that cannot be read keeps no document from being opened.
-bool isRemoteWanted(const DocumentPreferences &preferences)
+/// The chosen font, where somebody has chosen one that this machine has, in a size that the font dialog gives.
+QFont fontOf(const ListFont &chosen, const QFont &otherwise)
 {
-    try {
-        return preferences.remote() != 0;
-    } catch (const RuntimeError &) {
-        return false;
-    }
+    QFont font = otherwise;
+    if (chosen.family && QFontDatabase::hasFamily(*chosen.family))
+        font.setFamilies({*chosen.family});
+    constexpr int largestSize = 512;
+    if (chosen.size && *chosen.size > 0 && *chosen.size <= largestSize)
+        font.setPointSize(*chosen.size);
+    return font;
 }
 
 } // namespace
@@ -72,7 +76,7 @@ ConfigForm::ConfigForm(const Services &services, QWidget *parent)
     m_ui.list->setModel(&m_rows);
     for (const ItemKindRow &row : itemKinds)
         m_ui.newItemList->setKindEnabled(row.kind, m_services.editors.hasEditor(row.kind));
-    m_ui.remoteConnectFlag->setChecked(isRemoteWanted(m_services.preferences));
+    takePreferences();
     connectControls();
     setFocusProxy(m_ui.list);
 }
@@ -292,8 +296,13 @@ void ConfigForm::ChangeFont()
 {
     QFontDialog dialog(m_ui.list->font(), this);
     dialog.setObjectName(QStringLiteral("FontDialog"));
-    if (dialog.exec() == QDialog::Accepted)
-        m_ui.list->setRowFont(dialog.selectedFont());
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const QFont chosen = dialog.selectedFont();
+    m_ui.list->setRowFont(chosen);
+    // A font that was made for the screen may have its size in pixels alone.
+    const int size = chosen.pointSize() > 0 ? chosen.pointSize() : QFontInfo(chosen).pointSize();
+    m_services.preferences.storeListFont(chosen.family(), static_cast<qint16>(size));
 }
 
 void ConfigForm::setgHost(const QString &request)
@@ -383,6 +392,24 @@ void ConfigForm::connectControls()
     connect(m_ui.moveDown, &QPushButton::clicked, this, run(&ConfigForm::moveDown));
     connect(m_ui.apply, &QPushButton::clicked, this, run(&ConfigForm::Form_Save_Data));
     connect(m_ui.close, &QPushButton::clicked, this, &ConfigForm::closeRequested);
+}
+
+void ConfigForm::takePreferences()
+{
+    // A setting that cannot be read keeps nobody from opening a document, which then is as if there were none.
+    const auto takeIfReadable = [](const auto &take) {
+        try {
+            take();
+        } catch (const RuntimeError &) {
+            return;
+        }
+    };
+    takeIfReadable([this] { m_ui.remoteConnectFlag->setChecked(m_services.preferences.remote() != 0); });
+    takeIfReadable([this] {
+        const QFont font = fontOf(m_services.preferences.listFont(), m_ui.list->font());
+        if (font != m_ui.list->font())
+            m_ui.list->setRowFont(font);
+    });
 }
 
 void ConfigForm::measureRows()

@@ -39,7 +39,7 @@ public:
         Messages &messages;
         DocumentShell &shell;
         EditorFactory &editors;
-        const DocumentPreferences &preferences;
+        DocumentPreferences &preferences;
     };
 
     explicit ConfigForm(const Services &services, QWidget *parent = nullptr);
@@ -120,7 +120,8 @@ public:
     /// Prints all rows on the printer of the main window.
     void PrintOut();
 
-    /// Lets the user choose the list's font.
+    /// Lets the user choose the list's font, which the lists of new documents have from then on.
+    /// @throws RuntimeError as DocumentPreferences::storeListFont() does; this list has the font then
     void ChangeFont();
 
     [[nodiscard]] qint16 AcceptMode() const { return m_acceptMode; }
@@ -174,6 +175,7 @@ protected:
 
 private:
     void connectControls();
+    void takePreferences();
     void measureRows();
     void showRowIndicator();
 

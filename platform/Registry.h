@@ -97,6 +97,10 @@ public:
     Registry &operator=(const Registry &) = delete;
     virtual ~Registry() = default;
 
+    /// False while nothing has ever been stored in a registry that is this program's own. It still can be asked for
+    /// anything, which makes the store.
+    [[nodiscard]] virtual bool hasStore() const { return true; }
+
     [[nodiscard]] CharacterWidth characterWidth() const { return m_characterWidth; }
     void setCharacterWidth(CharacterWidth width) { m_characterWidth = width; }
 

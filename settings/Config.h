@@ -1,7 +1,6 @@
 #pragma once
 
 #include "registry/clsKey.h"
-#include "settings/DocumentPreferences.h"
 
 #include <QLatin1String>
 #include <QString>
@@ -15,7 +14,7 @@
 /// Every operation raises RuntimeError RegistryError where a section's key can neither be opened nor made. Reading a
 /// number raises TypeMismatch for a text that is none and Overflow for one beyond its range (see NumberText.h). What
 /// the registry does not store although its key is open is not told.
-class Config final : public DocumentPreferences
+class Config final
 {
 public:
     /// One setting as it is stored. Numbers are 16 bits wide; a limited number has 32 bits and counts up to 65535.
@@ -47,8 +46,8 @@ public:
     [[nodiscard]] QString ODBCdriver() const;
     [[nodiscard]] QString ODBCdsn() const;
     [[nodiscard]] QString Server() const;
-    [[nodiscard]] qint16 Edit() const override;
-    [[nodiscard]] qint16 remote() const override;
+    [[nodiscard]] qint16 Edit() const;
+    [[nodiscard]] qint16 remote() const;
     /// The monitored product's release number: see ReleaseNumber() in settings/ProductLookup.h.
     [[nodiscard]] qint16 RelVer() const;
 

@@ -1,6 +1,16 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QString>
+
+#include <optional>
+
+/// The font of a document's list, as far as somebody has chosen one; the rest is the desktop's own font.
+struct ListFont
+{
+    std::optional<QString> family;
+    /// In points.
+    std::optional<qint16> size;
+};
 
 /// The settings that documents ask for. They are read anew each time.
 class DocumentPreferences
@@ -17,4 +27,11 @@ public:
 
     /// Non-zero: a document of a remote host starts with RemoteConnectFlag checked. @throws RuntimeError as Edit() does
     [[nodiscard]] virtual qint16 remote() const = 0;
+
+    /// What new documents' lists are shown in. @throws RuntimeError as Edit() does
+    [[nodiscard]] virtual ListFont listFont() const = 0;
+
+    /// @param size in points
+    /// @throws RuntimeError RegistryError without rights to the settings
+    virtual void storeListFont(const QString &family, qint16 size) = 0;
 };

@@ -102,6 +102,12 @@ const SqliteConnection &RegistryDatabase::connection()
     return *m_connection;
 }
 
+bool RegistryDatabase::isThere() const
+{
+    struct stat status = {};
+    return stat(m_path.constData(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
+}
+
 bool RegistryDatabase::isWritable() const
 {
     return m_connection && !m_connection->isReadOnly() && isFolderWritable();

@@ -30,6 +30,9 @@ public:
     /// @throws RegistryFailure
     [[nodiscard]] const SqliteConnection &connection();
 
+    /// Whether there is a file, which may prove unusable. Asking makes none.
+    [[nodiscard]] bool isThere() const;
+
     /// How often the file has been opened. What was learned from an earlier file means nothing in a later one.
     [[nodiscard]] quint64 generation() const { return m_generation; }
 

@@ -22,6 +22,8 @@ public:
     /// @param userKey the name of the user's key below HKEY_USERS
     SqliteRegistry(const QByteArray &path, const QByteArray &userKey);
 
+    [[nodiscard]] bool hasStore() const override { return m_database.isThere(); }
+
     [[nodiscard]] QByteArray toCodePage(QStringView text) const override;
     [[nodiscard]] QString fromCodePage(QByteArrayView bytes) const override;
 

@@ -5,8 +5,6 @@
 #include <QAbstractItemModelTester>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialogButtonBox>
-#include <QFontDialog>
 #include <QLabel>
 #include <QPaintEngine>
 #include <QPainter>
@@ -654,62 +652,6 @@ TEST_F(Document, TheListTakesTheRoomAndTheButtonsKeepTheirSize)
     QCoreApplication::processEvents();
     EXPECT_EQ(list().size(), listBefore + QSize(200, 100));
     EXPECT_EQ(control<QPushButton>(*form, "EditButton")->size(), buttonBefore);
-}
-
-// The font
-
-TEST_F(Document, TheFontDialogChangesTheListsFontAndTheHorizontalExtent)
-{
-    load("the widest of all these rows\r\n");
-    showActive(*form);
-    const int before = list().horizontalExtent();
-    QFont proposed;
-    const auto asked = onNextDialog([&](QWidget &dialog) {
-        auto *fonts = qobject_cast<QFontDialog *>(&dialog);
-        ASSERT_NE(fonts, nullptr);
-        proposed = fonts->currentFont();
-        QFont large = fonts->currentFont();
-        large.setPointSize(30);
-        fonts->setCurrentFont(large);
-        auto *buttons = fonts->findChild<QDialogButtonBox *>();
-        ASSERT_NE(buttons, nullptr);
-        QTest::mouseClick(buttons->button(QDialogButtonBox::Ok), Qt::LeftButton);
-    });
-    form->ChangeFont();
-    ASSERT_TRUE(asked->handled);
-    EXPECT_EQ(proposed.pointSize(), QApplication::font().pointSize());
-    EXPECT_EQ(list().font().pointSize(), 30);
-    EXPECT_GT(list().horizontalExtent(), 2 * before);
-    EXPECT_EQ(list().horizontalExtent(), extentOf("the widest of all these rows"));
-}
-
-TEST_F(Document, ACancelledFontDialogChangesNothing)
-{
-    load("a row\r\n");
-    showActive(*form);
-    const QFont font = list().font();
-    const int extent = list().horizontalExtent();
-    const auto asked = onNextDialog([](QWidget &dialog) {
-        auto *fonts = qobject_cast<QFontDialog *>(&dialog);
-        ASSERT_NE(fonts, nullptr);
-        QFont large = fonts->currentFont();
-        large.setPointSize(30);
-        fonts->setCurrentFont(large);
-        fonts->reject();
-    });
-    form->ChangeFont();
-    ASSERT_TRUE(asked->handled);
-    EXPECT_EQ(list().font(), font);
-    EXPECT_EQ(list().horizontalExtent(), extent);
-}
-
-TEST_F(Document, AFontFromOutsideIsMeasuredAsWell)
-{
-    load("the widest of all these rows\r\n");
-    QFont large = form->font();
-    large.setPointSize(30);
-    form->setFont(large);
-    EXPECT_EQ(list().horizontalExtent(), extentOf("the widest of all these rows"));
 }
 
 // Painting

@@ -11,14 +11,18 @@ class FakePreferences final : public DocumentPreferences
 public:
     [[nodiscard]] qint16 Edit() const override { return read(edit); }
     [[nodiscard]] qint16 remote() const override { return read(remoteConnect); }
+    [[nodiscard]] ListFont listFont() const override { return read(font); }
+    void storeListFont(const QString &family, qint16 size) override { font = read(ListFont{family, size}); }
 
     qint16 edit = 0;
     qint16 remoteConnect = 0;
-    /// Raised by every read while it is set.
+    ListFont font;
+    /// Raised by every read and write while it is set.
     std::optional<RuntimeError> error;
 
 private:
-    [[nodiscard]] qint16 read(qint16 value) const
+    template<class Value>
+    [[nodiscard]] Value read(const Value &value) const
     {
         if (error)
             throw *error;

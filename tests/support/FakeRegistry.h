@@ -38,10 +38,14 @@ public:
     bool isReadOnly = false;
     /// Values can be stored nowhere: DiskFull.
     bool isFull = false;
+    /// As if nothing had ever been stored.
+    bool isThere = true;
     /// Machines that can be reached, beside this one.
     QByteArrayList hosts;
     /// Each call with its path, in order: "RegOpenKeyExA HKEY_CURRENT_USER\\a".
     QByteArrayList calls;
+
+    [[nodiscard]] bool hasStore() const override { return isThere; }
 
     [[nodiscard]] QByteArray toCodePage(QStringView text) const override { return text.toLatin1(); }
     [[nodiscard]] QString fromCodePage(QByteArrayView bytes) const override { return QString::fromLatin1(bytes); }
