@@ -1,6 +1,7 @@
 #include "config/KindList.h"
 
 #include "config/ItemKind.h"
+#include "settings/WidenDropDown.h"
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
@@ -44,6 +45,12 @@ void KindList::setKindEnabled(ItemKind kind, bool isEnabled)
 {
     auto *items = qobject_cast<QStandardItemModel *>(model());
     items->item(findText(itemKindRow(kind).displayName))->setEnabled(isEnabled);
+}
+
+void KindList::showPopup()
+{
+    WidenDropDown(*this);
+    QComboBox::showPopup();
 }
 
 bool KindList::eventFilter(QObject *watched, QEvent *event)

@@ -16,6 +16,8 @@ public:
     /// A kind that is not available stays in the list but cannot be chosen.
     void setKindEnabled(ItemKind kind, bool isEnabled);
 
+    void showPopup() override;
+
 signals:
     /// @param name the kind's display name
     void chosen(const QString &name);

@@ -47,6 +47,15 @@ INSTANTIATE_TEST_SUITE_P(Keys, OpeningKey,
                              return QKeySequence(tested.param).toString(QKeySequence::PortableText).toStdString();
                          });
 
+// The names are wider than a narrow list.
+TEST_F(Kinds, TheOpenedListIsAsWideAsItsWidestNameAndThirtyPixels)
+{
+    list.resize(40, list.height());
+    key(list, Qt::Key_Down);
+    ASSERT_TRUE(isOpen());
+    EXPECT_GE(list.view()->width(), list.fontMetrics().horizontalAdvance("Directory Service") + 30);
+}
+
 TEST_F(Kinds, AKindIsChosenWithKeysAlone)
 {
     key(list, Qt::Key_Down);
