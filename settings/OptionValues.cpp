@@ -1,0 +1,65 @@
+#include "settings/OptionValues.h"
+
+#include "platform/RuntimeError.h"
+#include "settings/Config.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include <array>
+#include <utility>
+
+namespace {
+
+/// What must be stored now, by its setting.
+auto storedTexts(const OptionValues &values)
+{
+    using namespace ConfigSettings;
+    return std::array{
+        std::pair(autoStart, QString::number(values.autoStart)),
+        std::pair(remote, QString::number(values.remote)),
+        std::pair(refreshHost, QString::number(values.refreshHost)),
+        std::pair(refreshCommand, QString::number(values.refreshCommand)),
+        std::pair(refreshProp, QString::number(values.refreshProp)),
+        std::pair(edit, QString::number(values.edit)),
+        std::pair(odbcDsn, values.odbc.dsn),
+        std::pair(odbcUser, values.odbc.user),
+        std::pair(odbcDb, values.odbc.db),
+        std::pair(odbcDriver, values.odbc.driver),
+        std::pair(odbcServer, values.odbc.server),
+    };
+}
+
+/// The settings layer does not tell what the registry did not store.
+void requireStored(const Config &config, const OptionValues &values)
+{
+    QStringList missing;
+    for (const auto &[setting, text] : storedTexts(values)) {
+        if (config.GetSetting(setting.section, setting.name, QVariant()) != QVariant(text))
+            missing << setting.property;
+    }
+    if (!missing.isEmpty())
+        throw RuntimeError(
+            RuntimeError::DeviceError, {},
+            QCoreApplication::translate("OptionValues", "The registry does not store these settings as they are: %1")
+                .arg(missing.join(QStringLiteral(", "))));
+}
+
+} // namespace
+
+void applyOptions(Config &config, const OptionValues &values, const std::function<void()> &updateTimers)
+{
+    config.setAutoStart(values.autoStart);
+    config.setremote(values.remote);
+    config.setRefreshHost(values.refreshHost);
+    config.setRefreshCommand(values.refreshCommand);
+    config.setRefreshProp(values.refreshProp);
+    updateTimers();
+    config.setEdit(values.edit);
+    config.setODBCdsn(values.odbc.dsn);
+    config.setODBCuser(values.odbc.user);
+    config.setODBCdb(values.odbc.db);
+    config.setODBCdriver(values.odbc.driver);
+    config.setODBCserver(values.odbc.server);
+    requireStored(config, values);
+}
