@@ -116,7 +116,7 @@ inline constexpr std::array<MenuEntry, 80> menuEntries {{
     {QLatin1String("mnuWindow"), QLatin1String("mnuWindowFont"),           QLatin1String("F&ont..."),         QLatin1String("font"), {}},
 
     {{}, QLatin1String("mnuHelp"), QLatin1String("&Help"), {}, {}, MenuEntry::Menu},
-    {QLatin1String("mnuHelp"), QLatin1String("mnuHelpContents"),        QLatin1String("&Contents"),              QLatin1String("help-contents"), QLatin1String("F1")},
+    {QLatin1String("mnuHelp"), QLatin1String("mnuHelpContents"),        QLatin1String("&Contents"),              QLatin1String("help-contents"), {}},
     {QLatin1String("mnuHelp"), QLatin1String("mnuHelpSearchForHelpOn"), QLatin1String("&Search For Help On..."), {},                             {}},
     {QLatin1String("mnuHelp"), {}, {}, {}, {}, MenuEntry::Separator},
     {QLatin1String("mnuHelp"), QLatin1String("mnuHelpAbout"),           QLatin1String("&About"),                 QLatin1String("help-about"),    {}},

@@ -211,7 +211,6 @@ TEST_F(MainMenu, EntriesHaveTheirKeys)
         {"mnuEditCut",         "Ctrl+X; Shift+Del"},
         {"mnuEditCopy",        "Ctrl+C; Ctrl+Ins"},
         {"mnuEditPaste",       "Ctrl+V; Shift+Ins"},
-        {"mnuHelpContents",    "F1"},
     };
     // clang-format on
     QMap<QString, QString> keys;
