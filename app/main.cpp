@@ -6,8 +6,14 @@
 #include "editors/ConfigWizards.h"
 #include "editors/ItemEditors.h"
 #include "platform/Platform.h"
+#include "settings/Associations.h"
 #include "settings/Config.h"
+#include "settings/ContextHelp.h"
+#include "settings/frmAbout.h"
+#include "settings/frmOptions.h"
+#include "settings/ProductHelp.h"
 #include "settings/StoredPreferences.h"
+#include "settings/Utilities.h"
 
 int main(int argc, char **argv)
 {
@@ -17,15 +23,30 @@ int main(int argc, char **argv)
     ConfigWizards wizards(messages);
     Config config(*platform.registry);
     StoredPreferences preferences(*platform.registry, config);
+    Associations associations(Application::title(), *platform.registry, *platform.fileTypes, *platform.userSettings,
+                              messages);
+    ProductHelp help(*platform.registry, *platform.helpViewer, messages);
+    ContextHelpKey helpKey(help);
 
     int ownArguments = 1;
     Application application(ownArguments, argv, messages);
     Application::setApplicationVersion(QStringLiteral(ZENTILCONF_VERSION));
+    application.installEventFilter(&helpKey);
 
-    frmMain window({*platform.files, *platform.userSettings, messages, editors, preferences, nullptr, &wizards},
-                   platform.programPath);
+    frmMain::Services services{*platform.files, *platform.userSettings, messages, editors, preferences};
+    services.associations = &associations;
+    services.globalSettings = &wizards;
+    services.help = &help;
+    services.showOptions = [&](QWidget &parent) {
+        frmOptions({config, *platform.dataSources, *platform.programs, messages}, &parent).exec();
+    };
+    services.showAbout = [&](QWidget &parent) {
+        frmAbout({*platform.registry, *platform.files, *platform.programs, messages}, &parent).exec();
+    };
+    frmMain window(services, platform.programPath);
     editors.setParentWindow(&window);
     wizards.setParentWindow(&window);
+    PlatformProbe(*platform.registry, platform.versionWord);
     window.LoadAll(filesOfCommandLine(platform.commandLine));
     window.show();
     const QString picture = qEnvironmentVariable("ZENTILCONF_PICTURE");

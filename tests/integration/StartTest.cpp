@@ -1,4 +1,6 @@
 #include "platform/Platform.h"
+#include "settings/Associations.h"
+#include "tests/support/FakeMessages.h"
 #include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
@@ -104,6 +106,15 @@ QString documentLine(const QString &path, int rows)
 class Start : public testing::Test
 {
 protected:
+    Start() { store("IgnoreAssoc", "1"); }
+
+    /// A setting of the user who starts the program.
+    static void store(const QString &key, const QString &text)
+    {
+        const Platform platform = makePlatform("ZentilConf", 0, nullptr);
+        EXPECT_TRUE(platform.userSettings->SaveSetting("Settings", key, text));
+    }
+
     [[nodiscard]] QString at(const QString &name) const { return folder.filePath(name); }
 
     QTemporaryDir folder;
@@ -216,11 +227,33 @@ TEST_F(Start, TheMostRowsOpen)
 
 TEST_F(Start, TheStoredPlaceIsTaken)
 {
-    const QString configuration = qEnvironmentVariable("XDG_CONFIG_HOME");
-    ASSERT_TRUE(QDir(configuration).mkpath("ZentilConf"));
-    write(configuration + "/ZentilConf/ZentilConf.ini", "[Settings]\nMainWidth=9000\nMainHeight=7500\n");
+    store("MainWidth", "9000");
+    store("MainHeight", "7500");
     program.start({});
     EXPECT_EQ(program.picture().size(), QSize(600, 500));
+}
+
+TEST_F(Start, AProgramThatOpensTheFilesAlreadyAsksNothing)
+{
+    store("IgnoreAssoc", "0");
+    const Platform platform = makePlatform("ZentilConf", 0, nullptr);
+    FakeMessages messages;
+    messages.expectAsk("ZentilConf has not been set as your default browser for .zcf files. Do you want to do so now? ",
+                       Messages::Buttons::YesNo, Messages::Answer::Yes);
+    messages.expectShow("The extension .zcf has been associated with this application", Messages::Icon::Information);
+    Associations("ZentilConf", *platform.registry, *platform.fileTypes, *platform.userSettings, messages)
+        .check(PROGRAM, "Zentil Config", ".zcf", 0);
+    // With a question there would be no window until it is answered.
+    program.start({});
+    EXPECT_FALSE(program.picture().isNull());
+}
+
+TEST_F(Start, OpeningAFileMakesNoRegistry)
+{
+    program.start({SAMPLES_FOLDER "/server.zcf"});
+    EXPECT_EQ(program.documents().size(), 1);
+    EXPECT_EQ(QDir(qEnvironmentVariable("XDG_DATA_HOME")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+              QStringList());
 }
 
 TEST_F(Start, SeveralProgramsRunAtOnceOnOneSettingsFile)
