@@ -77,14 +77,17 @@ frmAbout::frmAbout(const Services &services, QWidget *parent)
     buttons->addStretch();
     buttons->addWidget(ok);
     buttons->addWidget(sysInfo);
-    auto *layout = new QGridLayout(this);
-    layout->addWidget(icon, 0, 0, 3, 1, Qt::AlignTop);
-    layout->addWidget(createTitle(*this), 0, 1);
-    layout->addWidget(version, 1, 1);
-    layout->addWidget(description, 2, 1);
-    layout->setColumnStretch(1, 1);
-    layout->setHorizontalSpacing(fontMetrics().height());
-    layout->addLayout(buttons, 3, 0, 1, 2);
+    auto *texts = new QGridLayout;
+    texts->addWidget(icon, 0, 0, 3, 1, Qt::AlignTop);
+    texts->addWidget(createTitle(*this), 0, 1);
+    texts->addWidget(version, 1, 1);
+    texts->addWidget(description, 2, 1);
+    texts->setColumnStretch(1, 1);
+    texts->setHorizontalSpacing(fontMetrics().height());
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(texts);
+    layout->addLayout(buttons);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 
 void frmAbout::cmdSysInfo_Click()
