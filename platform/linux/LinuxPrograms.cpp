@@ -20,7 +20,13 @@ constexpr std::array<QLatin1String, 4> informationTools{
 
 bool LinuxPrograms::start(const QString &program, const QStringList &arguments)
 {
-    return QProcess::startDetached(program, arguments);
+    QProcess process;
+    process.setProgram(program);
+    process.setArguments(arguments);
+    // What it prints would stand in this program's terminal, as if this program had said it.
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    return process.startDetached();
 }
 
 QStringList LinuxPrograms::systemInformationTools() const

@@ -81,6 +81,16 @@ TEST_F(LinuxProgramsTest, DoesNotWaitForItsEnd)
     EXPECT_EQ(told("told"), "done\n");
 }
 
+TEST_F(LinuxProgramsTest, LetsThemPrintNothing)
+{
+    const QByteArray target = at("told").toUtf8();
+    make("first/printing",
+         "#!/bin/sh\nprinted=$(/bin/readlink /proc/$$/fd/1 /proc/$$/fd/2)\nprintf '%s' \"$printed\" >'" + target +
+             ".part'\n/bin/mv '" + target + ".part' '" + target + "'\n");
+    EXPECT_TRUE(programs.start("printing", {}));
+    EXPECT_EQ(told("told"), "/dev/null\n/dev/null");
+}
+
 TEST_F(LinuxProgramsTest, SaysWhatCannotBeStarted)
 {
     make("first/readonly", "#!/bin/sh\n", false);
