@@ -5,6 +5,7 @@
 #include "editors/LineEdit.h"
 #include "platform/Messages.h"
 #include "settings/RunReported.h"
+#include "settings/WidenDropDown.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -214,6 +215,7 @@ void ConfigWizardInfo::addField(QGridLayout &layout, const SettingField &field)
         list->setCompleter(nullptr);
         for (const QLatin1String &choice : field.choices)
             list->addItem(choice);
+        WidenDropDown(*list);
         list->setCurrentIndex(-1);
         list->setAccessibleName(field.frame);
         made.text = list->lineEdit();

@@ -6,6 +6,7 @@
 #include "tests/support/FormStructure.h"
 #include "tests/support/Gestures.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
@@ -199,6 +200,13 @@ TEST_F(ConfigWizard, DropDownsOfferTheirValues)
     EXPECT_EQ(choices("def_PRIORITY"), (QStringList{"idle", "lowest", "low", "normal", "high", "highest", "critical"}));
     EXPECT_EQ(choices("def_MAKECONF_SENSITIVITY"),
               (QStringList{"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}));
+}
+
+TEST_F(ConfigWizard, ADropDownOpensAsWideAsItsWidestValue)
+{
+    open({});
+    const auto *list = control<QComboBox>(*form, "def_PRIORITY");
+    EXPECT_EQ(list->view()->minimumWidth(), QFontMetrics(list->font()).horizontalAdvance("highest") + 30);
 }
 
 TEST_F(ConfigWizard, ADropDownShowsWhatItDoesNotKnow)
