@@ -36,11 +36,13 @@ QMessageBox::Icon boxIcon(Messages::Icon icon)
     return QMessageBox::NoIcon;
 }
 
-int showBox(const QString &text, Messages::Icon icon, const QString &title, QMessageBox::StandardButtons buttons)
+int showBox(const QString &text, Messages::Icon icon, const QString &title, QMessageBox::StandardButtons buttons,
+            QMessageBox::StandardButton defaultButton = QMessageBox::NoButton)
 {
     QMessageBox box(boxIcon(icon), title.isEmpty() ? Application::title() : title, text, buttons,
                     QApplication::activeWindow());
     box.setObjectName(QStringLiteral("MessageBox"));
+    box.setDefaultButton(defaultButton);
     for (const auto &[button, name] : buttonNames) {
         if (QAbstractButton *shown = box.button(button))
             shown->setObjectName(name);
@@ -63,12 +65,13 @@ Messages::Answer MessageBoxes::ask(const QString &text, Buttons buttons, Icon ic
     QMessageBox::StandardButtons shown = QMessageBox::Yes | QMessageBox::No;
     if (buttons == Buttons::YesNoCancel)
         shown |= QMessageBox::Cancel;
-    switch (showBox(text, icon, title, shown)) {
+    const bool isNoDefault = buttons == Buttons::YesOrElseNo;
+    switch (showBox(text, icon, title, shown, isNoDefault ? QMessageBox::No : QMessageBox::NoButton)) {
     case QMessageBox::Yes:
         return Answer::Yes;
     case QMessageBox::No:
         return Answer::No;
     default:
-        return buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
+        return buttons == Buttons::YesNoCancel ? Answer::Cancel : Answer::No;
     }
 }

@@ -8,7 +8,12 @@ class Messages
 {
 public:
     enum class Icon { None, Information, Question, Exclamation, Critical };
-    enum class Buttons { YesNo, YesNoCancel };
+    enum class Buttons {
+        YesNo,
+        /// As YesNo, for what should not happen by a mere press of the Enter key: No is the default.
+        YesOrElseNo,
+        YesNoCancel,
+    };
     enum class Answer { Yes, No, Cancel };
 
     Messages() = default;
