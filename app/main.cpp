@@ -19,7 +19,8 @@ int main(int argc, char **argv)
 {
     const Platform platform = makePlatform(Application::title(), argc, argv);
     MessageBoxes messages;
-    ItemEditors editors({messages, *platform.accounts, *platform.fileSystem, *platform.registry});
+    ItemEditors editors({messages, *platform.accounts, *platform.fileSystem, *platform.registry, *platform.directory,
+                         *platform.scrambler});
     ConfigWizards wizards(messages);
     Config config(*platform.registry);
     StoredPreferences preferences(*platform.registry, config);

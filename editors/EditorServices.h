@@ -1,8 +1,10 @@
 #pragma once
 
 class Accounts;
+class Directory;
 class FileSystem;
 class Messages;
+class PasswordScrambler;
 class Registry;
 
 /// What item editors use of the rest of the program. A form takes from it what its kind needs.
@@ -12,4 +14,6 @@ struct EditorServices
     Accounts &accounts;
     FileSystem &fileSystem;
     Registry &registry;
+    Directory &directory;
+    PasswordScrambler &scrambler;
 };

@@ -56,15 +56,20 @@ void ItemEditorForm::Show()
 LineEdit *ItemEditorForm::addField(QLatin1String name, QLatin1String labelName, const QString &label,
                                    const QString &toolTip)
 {
+    auto *field = new LineEdit(name, this);
+    field->setToolTip(toolTip);
+    addControl(*field, labelName, label);
+    return field;
+}
+
+void ItemEditorForm::addControl(QWidget &control, QLatin1String labelName, const QString &label)
+{
     const int row = m_fields->rowCount();
     auto *labelInFront = new QLabel(label, this);
     labelInFront->setObjectName(labelName);
-    auto *field = new LineEdit(name, this);
-    field->setToolTip(toolTip);
-    labelInFront->setBuddy(field);
+    labelInFront->setBuddy(&control);
     m_fields->addWidget(labelInFront, row, 0);
-    m_fields->addWidget(field, row, 1);
-    return field;
+    m_fields->addWidget(&control, row, 1);
 }
 
 QPushButton *ItemEditorForm::addButtonBehind(QLatin1String name, const QString &caption, const QString &toolTip)

@@ -56,6 +56,8 @@ protected:
     /// The parts of the form, from top to bottom and in the order in which the Tab key goes through them. A field has
     /// a label in front of it and may have a button behind it.
     LineEdit *addField(QLatin1String name, QLatin1String labelName, const QString &label, const QString &toolTip = {});
+    /// Another control in the place of a field.
+    void addControl(QWidget &control, QLatin1String labelName, const QString &label);
     QPushButton *addButtonBehind(QLatin1String name, const QString &caption, const QString &toolTip = {});
     /// The field Prefix with the button of the prefix chooser.
     LineEdit *addPrefixField(QLatin1String labelName);

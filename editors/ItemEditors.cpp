@@ -2,6 +2,7 @@
 
 #include "editors/ConfigDialogAudit.h"
 #include "editors/ConfigDialogGroup.h"
+#include "editors/ConfigDialogLDAP.h"
 #include "editors/ConfigDialogMisc.h"
 #include "editors/ConfigDialogNew.h"
 #include "editors/ConfigDialogOther.h"
@@ -31,15 +32,16 @@ struct Maker
 // clang-format off
 /// The kinds that have an editor, one a row.
 constexpr std::array makers {
-    Maker{ItemKind::File,          make<ConfigDialogNew>},
-    Maker{ItemKind::Registry,      make<ConfigDialogReg>},
-    Maker{ItemKind::User,          make<ConfigDialogUser>},
-    Maker{ItemKind::Group,         make<ConfigDialogGroup>},
-    Maker{ItemKind::UserRight,     make<ConfigDialogRight>},
-    Maker{ItemKind::AccountPolicy, make<ConfigDialogPolicy>},
-    Maker{ItemKind::AuditPolicy,   make<ConfigDialogAudit>},
-    Maker{ItemKind::Line,          make<ConfigDialogMisc>},
-    Maker{ItemKind::Other,         make<ConfigDialogOther>},
+    Maker{ItemKind::File,             make<ConfigDialogNew>},
+    Maker{ItemKind::Registry,         make<ConfigDialogReg>},
+    Maker{ItemKind::User,             make<ConfigDialogUser>},
+    Maker{ItemKind::Group,            make<ConfigDialogGroup>},
+    Maker{ItemKind::UserRight,        make<ConfigDialogRight>},
+    Maker{ItemKind::AccountPolicy,    make<ConfigDialogPolicy>},
+    Maker{ItemKind::AuditPolicy,      make<ConfigDialogAudit>},
+    Maker{ItemKind::DirectoryService, make<ConfigDialogLDAP>},
+    Maker{ItemKind::Line,             make<ConfigDialogMisc>},
+    Maker{ItemKind::Other,            make<ConfigDialogOther>},
 };
 // clang-format on
 

@@ -4,9 +4,11 @@
 #include "editors/ItemEditors.h"
 #include "tests/editors/FakeDocument.h"
 #include "tests/support/FakeAccounts.h"
+#include "tests/support/FakeDirectory.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeMessages.h"
 #include "tests/support/FakeRegistry.h"
+#include "tests/support/FakeScrambler.h"
 #include "tests/support/Gestures.h"
 #include "tests/support/Printers.h"
 
@@ -109,6 +111,8 @@ protected:
     FakeAccounts accounts;
     FakeFileSystem fileSystem;
     FakeRegistry registry;
-    const EditorServices services{messages, accounts, fileSystem, registry};
+    FakeDirectory directory;
+    FakeScrambler scrambler;
+    const EditorServices services{messages, accounts, fileSystem, registry, directory, scrambler};
     ItemEditors editors{services};
 };

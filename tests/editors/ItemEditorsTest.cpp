@@ -14,7 +14,7 @@ TEST_F(ItemEditorsTest, HaveAFormForTheseKinds)
             kinds << row.displayName;
     }
     EXPECT_EQ(kinds, (QStringList{"File", "Registry", "User", "Group", "User Right", "Account Policy", "Audit Policy",
-                                  "Line", "Other"}));
+                                  "Directory Service", "Line", "Other"}));
 }
 
 TEST_F(ItemEditorsTest, GiveEachKindItsForm)

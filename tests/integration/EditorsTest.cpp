@@ -4,8 +4,10 @@
 #include "editors/ItemEditors.h"
 #include "tests/app/ProgramFixture.h"
 #include "tests/support/FakeAccounts.h"
+#include "tests/support/FakeDirectory.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeRegistry.h"
+#include "tests/support/FakeScrambler.h"
 #include "tests/support/Printers.h"
 
 #include <QLineEdit>
@@ -81,7 +83,9 @@ protected:
     FakeAccounts accounts;
     FakeFileSystem fileSystem;
     FakeRegistry registry;
-    ItemEditors itemEditors{{messages, accounts, fileSystem, registry}};
+    FakeDirectory directory;
+    FakeScrambler scrambler;
+    ItemEditors itemEditors{{messages, accounts, fileSystem, registry, directory, scrambler}};
     ConfigWizards wizards{messages};
 };
 
