@@ -1,6 +1,7 @@
 #include "platform/windows/WindowsFileAccess.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/windows/NoMediumQuestions.h"
 #include "platform/windows/UnfinishedWrite.h"
 #include "platform/windows/WindowsDraft.h"
 #include "platform/windows/WindowsFile.h"
@@ -35,6 +36,7 @@ WindowsFileAccess::WindowsFileAccess(std::unique_ptr<WindowsCalls> calls, const 
 
 bool WindowsFileAccess::fileExists(const QString &path) const
 {
+    const NoMediumQuestions quiet;
     const WindowsPath target(path);
     const auto isFile = [this](const QString &native) {
         const DWORD attributes = m_calls->getFileAttributes(native);
@@ -47,6 +49,7 @@ bool WindowsFileAccess::fileExists(const QString &path) const
 
 void WindowsFileAccess::readFile(const QString &path, const TakeBytes &take)
 {
+    const NoMediumQuestions quiet;
     const WindowsPath target(path);
     if (isFolder(target))
         WindowsFile::raise(ERROR_DIRECTORY, path);
@@ -63,6 +66,7 @@ void WindowsFileAccess::readFile(const QString &path, const TakeBytes &take)
 
 void WindowsFileAccess::writeFile(const QString &path, QByteArrayView bytes)
 {
+    const NoMediumQuestions quiet;
     const std::optional<WindowsPath> end = followLink(WindowsPath(path));
     const WindowsPath target = end.value_or(WindowsPath(path));
     if (isFolder(target))

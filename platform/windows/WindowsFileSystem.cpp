@@ -1,5 +1,6 @@
 #include "platform/windows/WindowsFileSystem.h"
 
+#include "platform/windows/NoMediumQuestions.h"
 #include "platform/windows/WindowsCalls.h"
 #include "platform/windows/WindowsPath.h"
 
@@ -25,25 +26,17 @@ constexpr std::array<SystemDriveType, 5> systemDriveTypes {{
 }};
 // clang-format on
 
-/// Without this the system asks the user for the medium of an empty drive.
-class NoMediumQuestions final
-{
-public:
-    NoMediumQuestions() { ::SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &m_before); }
-    NoMediumQuestions(const NoMediumQuestions &) = delete;
-    NoMediumQuestions &operator=(const NoMediumQuestions &) = delete;
-    ~NoMediumQuestions() { ::SetThreadErrorMode(m_before, nullptr); }
-
-private:
-    DWORD m_before = 0;
-};
-
 UINT driveTypeOf(const QString &path)
 {
     const NoMediumQuestions quiet;
     const QString root = driveRootOf(path);
     // Without a path the system would tell of the current folder's drive.
     return root.isEmpty() ? DRIVE_NO_ROOT_DIR : ::GetDriveTypeW(wide(root));
+}
+
+bool isDriveLetter(QChar c)
+{
+    return c.isLetter() && c < QChar(u'\x80');
 }
 
 bool isSeparator(QChar c)
@@ -112,7 +105,7 @@ bool WindowsFileSystem::DriveExists(const QString &path) const
 
 Drive WindowsFileSystem::GetDrive(const QString &path) const
 {
-    const auto *row =
+    const auto row =
         std::find_if(systemDriveTypes.begin(), systemDriveTypes.end(),
                      [type = driveTypeOf(path)](const SystemDriveType &each) { return each.type == type; });
     return {row == systemDriveTypes.end() ? DriveKind::Unknown : row->kind};
@@ -166,7 +159,7 @@ QString WindowsFileSystem::pathOf(const QString &systemsPath, const QString &hos
 
 QString driveRootOf(const QString &path)
 {
-    if (path.size() >= 2 && path[0].isLetter() && path[1] == QLatin1Char(':'))
+    if (path.size() >= 2 && isDriveLetter(path[0]) && path[1] == QLatin1Char(':'))
         return path.first(2) + QLatin1Char('\\');
     if (path.size() < 2 || !isSeparator(path[0]) || !isSeparator(path[1]))
         return {};

@@ -207,6 +207,34 @@ private:
     DWORD m_error;
 };
 
+/// Finds out whether the system would ask the user for the medium of an empty drive.
+class WatchedCalls final : public WindowsCalls
+{
+public:
+    explicit WatchedCalls(int &questions)
+        : m_questions(questions)
+    {
+    }
+
+    HANDLE createFile(const QString &path, DWORD access, DWORD share, SECURITY_ATTRIBUTES *security, DWORD disposition,
+                      DWORD flags) override
+    {
+        watch();
+        return WindowsCalls::createFile(path, access, share, security, disposition, flags);
+    }
+
+    DWORD getFileAttributes(const QString &path) override
+    {
+        watch();
+        return WindowsCalls::getFileAttributes(path);
+    }
+
+private:
+    void watch() { m_questions += (GetThreadErrorMode() & SEM_FAILCRITICALERRORS) == 0 ? 1 : 0; }
+
+    int &m_questions;
+};
+
 // Every way in which a save can find the file: to be made, to be replaced, to be written in place; longer and shorter.
 enum class Kind { Missing, Plain, Linked };
 
@@ -474,6 +502,20 @@ TEST_F(WindowsFileAccessTest, SavesAFileThatAnotherProgramIsReading)
     EXPECT_TRUE(CloseHandle(other));
     EXPECT_EQ(bytesOf(path()), "new");
     EXPECT_EQ(names(), QStringList{QStringLiteral("server.zcf")});
+}
+
+TEST_F(WindowsFileAccessTest, NeverAsksForAMedium)
+{
+    const DWORD before = GetThreadErrorMode();
+    ASSERT_EQ(before & SEM_FAILCRITICALERRORS, 0U);
+    int questions = 0;
+    WindowsFileAccess files = access(std::make_unique<WatchedCalls>(questions));
+    files.writeFile(path(), m_old);
+    files.writeFile(path(), m_new);
+    EXPECT_TRUE(files.fileExists(path()));
+    files.readFile(path(), [](QByteArrayView) {});
+    EXPECT_EQ(questions, 0);
+    EXPECT_EQ(GetThreadErrorMode(), before) << "the rest of the program stays as it was";
 }
 
 TEST_F(WindowsFileAccessTest, TakesPathsLongerThan260Characters)

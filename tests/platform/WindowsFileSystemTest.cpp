@@ -114,7 +114,7 @@ TEST(DriveRoot, IsThatOfTheDriveOrTheShare)
     EXPECT_EQ(driveRootOf("d:"), "d:\\");
     EXPECT_EQ(driveRootOf("\\\\host\\C$\\a"), "\\\\host\\C$\\");
     EXPECT_EQ(driveRootOf("//host/share"), "\\\\host\\share\\");
-    for (const char *none : {"", "C", "\\a", "a\\b", "\\\\host", "\\\\host\\"})
+    for (const char *none : {"", "C", "1:", "é:\\a", "\\a", "a\\b", "\\\\host", "\\\\host\\"})
         EXPECT_EQ(driveRootOf(none), QString()) << none;
 }
 
