@@ -72,7 +72,7 @@ constexpr std::array<DocumentCommand, 27> documentCommands {{
 
 const DocumentCommand *documentCommand(QLatin1String entry)
 {
-    const auto *row = std::find_if(documentCommands.begin(), documentCommands.end(),
-                                   [entry](const DocumentCommand &each) { return each.entry == entry; });
-    return row == documentCommands.end() ? nullptr : row;
+    const auto row = std::find_if(documentCommands.begin(), documentCommands.end(),
+                                  [entry](const DocumentCommand &each) { return each.entry == entry; });
+    return row == documentCommands.end() ? nullptr : &*row;
 }

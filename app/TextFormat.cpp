@@ -75,7 +75,7 @@ constexpr std::array<TextRow, 6> textCommands {{
 
 TextCommand textCommand(QLatin1String key)
 {
-    const auto *row =
+    const auto row =
         std::find_if(textCommands.begin(), textCommands.end(), [key](const TextRow &each) { return each.key == key; });
     return row == textCommands.end() ? nullptr : row->run;
 }

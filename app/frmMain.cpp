@@ -60,8 +60,8 @@ bool acceptAsCopy(QDropEvent &event)
 template<class Rows>
 auto rowOf(const Rows &rows, QLatin1String entry)
 {
-    const auto *row = std::find_if(rows.begin(), rows.end(), [entry](const auto &each) { return each.entry == entry; });
-    return row == rows.end() ? nullptr : row;
+    const auto row = std::find_if(rows.begin(), rows.end(), [entry](const auto &each) { return each.entry == entry; });
+    return row == rows.end() ? nullptr : &*row;
 }
 
 struct AreaCommand

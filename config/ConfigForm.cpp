@@ -166,8 +166,8 @@ QString ConfigForm::currentRowText() const
 
 void ConfigForm::AddNew(const QString &name)
 {
-    const auto *row = std::find_if(itemKinds.begin(), itemKinds.end(),
-                                   [&name](const ItemKindRow &each) { return each.displayName == name; });
+    const auto row = std::find_if(itemKinds.begin(), itemKinds.end(),
+                                  [&name](const ItemKindRow &each) { return each.displayName == name; });
     if (row != itemKinds.end())
         addItem(row->kind);
 }

@@ -55,7 +55,7 @@ std::optional<SettingLine> parseSetting(const QString &line)
     const QStringList parts = partsOf(line);
     if (parts.size() < 2 || parts[0].toLower() != QLatin1String("#define"))
         return {};
-    const auto *found = std::find(settingKeys.begin(), settingKeys.end(), parts[1].toUpper());
+    const auto found = std::find(settingKeys.begin(), settingKeys.end(), parts[1].toUpper());
     if (found == settingKeys.end())
         return {};
     return SettingLine{static_cast<SettingKey>(found - settingKeys.begin()), withoutQuotes(parts.value(2))};

@@ -47,9 +47,9 @@ constexpr std::array makers {
 
 const Maker *makerOf(ItemKind kind)
 {
-    const auto *found =
+    const auto found =
         std::find_if(makers.begin(), makers.end(), [kind](const Maker &maker) { return maker.kind == kind; });
-    return found == makers.end() ? nullptr : found;
+    return found == makers.end() ? nullptr : &*found;
 }
 
 } // namespace

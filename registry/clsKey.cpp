@@ -128,7 +128,7 @@ Registry::Handle clsKey::Handle() const
 
 Registry::Handle clsKey::HiveRoot2Num(const QString &name)
 {
-    const auto *hive = std::find_if(hives.begin(), hives.end(), [&name](const auto &row) { return row.name == name; });
+    const auto hive = std::find_if(hives.begin(), hives.end(), [&name](const auto &row) { return row.name == name; });
     return hive == hives.end() ? 0 : hive->handle;
 }
 
