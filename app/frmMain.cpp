@@ -117,7 +117,7 @@ frmMain::frmMain(const Services &services, const ProgramPathForm &programPath)
     const QString ignore =
         m_services.userSettings.GetSetting(QStringLiteral("Settings"), QStringLiteral("IgnoreAssoc"));
     if (m_services.associations && ignore.toDouble() == 0)
-        checkAssociation();
+        runReported(m_services.messages, [this] { checkAssociation(); });
 }
 
 frmMain::~frmMain() = default;

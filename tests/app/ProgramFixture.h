@@ -30,9 +30,12 @@ public:
     void check(const QString &programPath, const QString &description, const QString &extension, int) override
     {
         calls << QStringList{programPath, description, extension};
+        if (onCheck)
+            onCheck();
     }
 
     QList<QStringList> calls;
+    std::function<void()> onCheck;
 };
 
 /// The main window over fake files, settings, messages and editors; a derived fixture may put the system's own files or

@@ -1,3 +1,4 @@
+#include "platform/RuntimeError.h"
 #include "tests/app/ProgramFixture.h"
 #include "tests/support/Printers.h"
 
@@ -116,6 +117,20 @@ TEST_F(Association, IsCheckedWithThePathAsTheSystemWritesIt)
     ASSERT_EQ(associations.calls.size(), 1);
     EXPECT_TRUE(associations.calls.first().first().endsWith("\\frmMainTest.exe"))
         << associations.calls.first().first().toStdString();
+}
+
+// Nothing is around the start of the program that would catch it: the program would end.
+TEST_F(Association, ThatCannotBeRegisteredIsReportedAndTheProgramStarts)
+{
+    associations.onCheck = [] {
+        throw RuntimeError::described(RuntimeError::RegistryError, "Unable to create subkey");
+    };
+    fakeFiles.content["/a.zcf"] = "a\r\n";
+    messages.expectShow("Run-time error '10001':\n\nUnable to create subkey", Messages::Icon::Critical);
+    start({"/a.zcf"});
+    messages.verify();
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(captions(), QStringList{"/a.zcf"});
 }
 
 struct IgnoreCase
