@@ -107,9 +107,13 @@ clsKey Config::openSection(const QString &section) const
 {
     clsKey key(m_registry);
     key.OpenFull(softwareKey() + QLatin1Char('\\') + m_applicationKey + QLatin1Char('\\') + section, {}, 0, allAccess);
-    if (!key.KeyOK())
-        return CreateKey(section);
-    return key;
+    if (key.KeyOK())
+        return key;
+    clsKey made = CreateKey(section);
+    // Who may not open the keys above cannot make one below them either, and is told so.
+    if (!made.KeyOK())
+        made.AddSubKey(section);
+    return made;
 }
 
 QString Config::text(const Setting &setting) const

@@ -326,13 +326,17 @@ TEST_F(ConfigTest, MachineWithoutAccessIsAnError)
 {
     registry.denied << "HKEY_LOCAL_MACHINE\\SOFTWARE";
     EXPECT_FALSE(config.CreateKey("options").KeyOK());
-    try {
-        config.setFontSize(9);
-        ADD_FAILURE() << "no error";
-    } catch (const RuntimeError &error) {
-        EXPECT_EQ(error.description(), "Key must be opened before operations are allowed");
+    for (const auto &access : {std::function<void()>([this] { config.setFontSize(9); }),
+                               std::function<void()>([this] { (void)config.FontSize(); })}) {
+        try {
+            access();
+            ADD_FAILURE() << "no error";
+        } catch (const RuntimeError &error) {
+            EXPECT_EQ(error.number(), 10001);
+            EXPECT_EQ(error.description(), "Unable to create subkey");
+        }
     }
-    EXPECT_EQ(errorOf([this] { (void)config.FontSize(); }), 10001);
+    EXPECT_EQ(registry.openHandles(), 0);
 }
 
 } // namespace

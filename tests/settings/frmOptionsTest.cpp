@@ -408,12 +408,14 @@ INSTANTIATE_TEST_SUITE_P(Fields, IntervalThatIsNone, testing::Values("RefreshHos
 TEST_F(Options, SettingsThatCannotBeWrittenAreReportedAndTheDialogStaysOpen)
 {
     open();
-    registry.denied = {"HKEY_LOCAL_MACHINE\\SOFTWARE\\Tarnwell Software"};
-    for (const char *button : {"cmdApply", "cmdOK"}) {
-        expectError("Run-time error '10001':\n\nUnable to create subkey");
-        press(*form, button);
-        messages.verify();
-        EXPECT_TRUE(form->isVisible());
+    for (const char *denied : {"HKEY_LOCAL_MACHINE\\SOFTWARE\\Tarnwell Software", "HKEY_LOCAL_MACHINE\\SOFTWARE"}) {
+        registry.denied = {denied};
+        for (const char *button : {"cmdApply", "cmdOK"}) {
+            expectError("Run-time error '10001':\n\nUnable to create subkey");
+            press(*form, button);
+            messages.verify();
+            EXPECT_TRUE(form->isVisible());
+        }
     }
 }
 
