@@ -91,13 +91,16 @@ const SqliteConnection &RegistryDatabase::connection()
     // Written to a file that has no name any more, a value would be lost without a word.
     if (m_connection && m_connection->hasMoved())
         m_connection.reset();
-    if (!m_connection) {
-        try {
-            open();
-        } catch (const RegistryFailure &) {
-            m_connection.reset();
-            throw;
-        }
+    const std::chrono::milliseconds patience = m_patience.at(LockPatience::Clock::now());
+    if (m_connection) {
+        m_connection->setPatience(patience);
+        return *m_connection;
+    }
+    try {
+        open(patience);
+    } catch (const RegistryFailure &) {
+        m_connection.reset();
+        throw;
     }
     return *m_connection;
 }
@@ -119,11 +122,11 @@ bool RegistryDatabase::isFolderWritable() const
     return faccessat(AT_FDCWD, folderOf(m_path).constData(), W_OK | X_OK, AT_EACCESS) == 0;
 }
 
-void RegistryDatabase::open()
+void RegistryDatabase::open(std::chrono::milliseconds patience)
 {
     makeFolder();
     try {
-        m_connection.emplace(m_path);
+        m_connection.emplace(m_path, patience);
     } catch (const RegistryFailure &failure) {
         // The reason that SQLite gives is that of its second try, for reading alone.
         if (failure.result == Registry::Result::CannotOpen && !isFolderWritable())

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/LockPatience.h"
 #include "platform/linux/Sqlite.h"
 
 #include <QByteArray>
@@ -30,6 +31,9 @@ public:
     /// @throws RegistryFailure
     [[nodiscard]] const SqliteConnection &connection();
 
+    /// To be told when another program has kept the database locked until an operation gave up.
+    void gaveUp() { m_patience.gaveUp(LockPatience::Clock::now()); }
+
     /// Whether there is a file, which may prove unusable. Asking makes none.
     [[nodiscard]] bool isThere() const;
 
@@ -45,12 +49,13 @@ public:
 private:
     void makeFolder() const;
     [[nodiscard]] bool isFolderWritable() const;
-    void open();
+    void open(std::chrono::milliseconds patience);
     void prepareTables() const;
     void prepareUserKey();
 
     QByteArray m_path;
     QByteArray m_userKeyName;
+    LockPatience m_patience;
     std::optional<SqliteConnection> m_connection;
     quint64 m_generation = 0;
     qint64 m_userKey = None;

@@ -7,9 +7,6 @@
 
 namespace {
 
-// Another program's change takes milliseconds; whoever waits longer is told.
-constexpr int patienceMs = 5000;
-
 struct CodeRow
 {
     int code;
@@ -56,7 +53,7 @@ RegistryFailure failureOfSystem(int error)
     return {resultOfSystem(error).value_or(Registry::Result::CannotOpen)};
 }
 
-SqliteConnection::SqliteConnection(const QByteArray &path)
+SqliteConnection::SqliteConnection(const QByteArray &path, std::chrono::milliseconds patience)
 {
     sqlite3 *connection = nullptr;
     const int code =
@@ -64,7 +61,7 @@ SqliteConnection::SqliteConnection(const QByteArray &path)
     m_connection.reset(connection);
     if (code != SQLITE_OK)
         throw failureOf(code);
-    sqlite3_busy_timeout(connection, patienceMs);
+    setPatience(patience);
     // EXTRA waits for the folder too, without which a change could come undone when the machine stops.
     run("PRAGMA synchronous=EXTRA; PRAGMA foreign_keys=ON; PRAGMA trusted_schema=OFF; PRAGMA cell_size_check=ON");
 }
@@ -74,6 +71,11 @@ void SqliteConnection::run(const char *statements) const
     const int code = sqlite3_exec(get(), statements, nullptr, nullptr, nullptr);
     if (code != SQLITE_OK)
         throw failureOf(code);
+}
+
+void SqliteConnection::setPatience(std::chrono::milliseconds patience) const
+{
+    sqlite3_busy_timeout(get(), static_cast<int>(patience.count()));
 }
 
 bool SqliteConnection::isReadOnly() const

@@ -7,6 +7,7 @@
 
 #include <sqlite3.h>
 
+#include <chrono>
 #include <memory>
 
 /// Raised within the registry's store when an operation cannot go on; the store's own operations turn it into their
@@ -23,8 +24,13 @@ struct RegistryFailure
 class SqliteConnection final
 {
 public:
-    /// Opens the database at path, and makes it an empty one when it is missing. @throws RegistryFailure
-    explicit SqliteConnection(const QByteArray &path);
+    /// Opens the database at path, and makes it an empty one when it is missing.
+    /// @param patience see setPatience()
+    /// @throws RegistryFailure
+    SqliteConnection(const QByteArray &path, std::chrono::milliseconds patience);
+
+    /// How long each statement waits while another program has the database locked.
+    void setPatience(std::chrono::milliseconds patience) const;
 
     /// @throws RegistryFailure
     void run(const char *statements) const;

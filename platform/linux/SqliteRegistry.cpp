@@ -289,6 +289,8 @@ Registry::Result SqliteRegistry::run(Kind kind, const Work &work)
             transaction.commit();
         return result;
     } catch (const RegistryFailure &failure) {
+        if (failure.result == Result::Busy)
+            m_database.gaveUp();
         return failure.result;
     }
 }
