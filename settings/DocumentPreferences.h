@@ -32,6 +32,7 @@ public:
     [[nodiscard]] virtual ListFont listFont() const = 0;
 
     /// @param size in points
-    /// @throws RuntimeError RegistryError without rights to the settings
+    /// @throws RuntimeError RegistryError without rights to the settings, DeviceError when the registry has not kept it
+    ///         as it is
     virtual void storeListFont(const QString &family, qint16 size) = 0;
 };

@@ -2,6 +2,8 @@
 
 #include "settings/DocumentPreferences.h"
 
+#include <QCoreApplication>
+
 class Config;
 class Registry;
 
@@ -9,6 +11,8 @@ class Registry;
 /// where there is none yet, and takes no time for it then.
 class StoredPreferences final : public DocumentPreferences
 {
+    Q_DECLARE_TR_FUNCTIONS(StoredPreferences)
+
 public:
     /// @param registry the one that config reads
     StoredPreferences(const Registry &registry, Config &config);

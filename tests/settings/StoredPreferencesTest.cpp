@@ -61,6 +61,25 @@ TEST_F(StoredPreferencesTest, HaveTheHalfOfAFontThatWasStored)
     EXPECT_EQ(preferences.listFont().size, 20);
 }
 
+TEST_F(StoredPreferencesTest, TellOfAFontThatTheRegistryDoesNotKeep)
+{
+    const auto errorOf = [this](const QString &family) {
+        try {
+            preferences.storeListFont(family, 11);
+            return 0;
+        } catch (const RuntimeError &error) {
+            return error.number();
+        }
+    };
+    EXPECT_EQ(errorOf("DejaVu Sans"), 0);
+    // The code page does not have these characters.
+    EXPECT_EQ(errorOf(QStringLiteral(u"\u660E\u671D")), RuntimeError::DeviceError);
+    EXPECT_EQ(errorOf("DejaVu Sans"), 0);
+    registry.isFull = true;
+    EXPECT_EQ(errorOf("DejaVu Serif"), RuntimeError::DeviceError);
+    EXPECT_EQ(preferences.listFont().family, "DejaVu Sans");
+}
+
 TEST_F(StoredPreferencesTest, RaiseWhatReadingRaises)
 {
     for (const auto &setting : {ConfigSettings::edit, ConfigSettings::remote, ConfigSettings::fontSize})
