@@ -62,6 +62,14 @@ TEST_F(AssociationsTest, YesRegisters)
     EXPECT_TRUE(settings.values.isEmpty());
 }
 
+TEST_F(AssociationsTest, OpenCommandOfAProgramInAFolderWithBlanksIsOneQuotedPathAndTheQuotedFile)
+{
+    messages.expectAsk(offer, yesNo, yes);
+    messages.expectShow(done, Messages::Icon::Information);
+    check(0, "C:\\My own tools\\zentil conf.exe");
+    EXPECT_EQ(classText("zcffile\\shell\\open\\command"), "\"C:\\My own tools\\zentil conf.exe\" \"%1\"");
+}
+
 TEST_F(AssociationsTest, SetAssociationAsksNothing)
 {
     associate();
