@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "settings/Config.h"
+#include "settings/SettingsReader.h"
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -46,6 +47,25 @@ void requireStored(const Config &config, const OptionValues &values)
 }
 
 } // namespace
+
+OptionValues readOptions(SettingsReader &reader)
+{
+    using namespace ConfigSettings;
+
+    OptionValues values;
+    values.autoStart = reader.read(&Config::AutoStart, autoStart);
+    values.remote = reader.read(&Config::remote, remote);
+    values.edit = reader.read(&Config::Edit, edit);
+    values.refreshHost = reader.read(&Config::RefreshHost, refreshHost);
+    values.refreshCommand = reader.read(&Config::RefreshCommand, refreshCommand);
+    values.refreshProp = reader.read(&Config::RefreshProp, refreshProp);
+    values.odbc.dsn = reader.read(&Config::ODBCdsn, odbcDsn);
+    values.odbc.user = reader.read(&Config::ODBCuser, odbcUser);
+    values.odbc.db = reader.read(&Config::ODBCdb, odbcDb);
+    values.odbc.driver = reader.read(&Config::ODBCdriver, odbcDriver);
+    values.odbc.server = reader.read(&Config::ODBCserver, odbcServer);
+    return values;
+}
 
 void applyOptions(Config &config, const OptionValues &values, const std::function<void()> &updateTimers)
 {

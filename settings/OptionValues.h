@@ -6,6 +6,7 @@
 #include <functional>
 
 class Config;
+class SettingsReader;
 
 /// The database connection as the options have it.
 struct OdbcConnection
@@ -30,6 +31,9 @@ struct OptionValues
     qint16 edit = 0;
     OdbcConnection odbc;
 };
+
+/// What is stored; reader knows what could not be read and has its default.
+[[nodiscard]] OptionValues readOptions(SettingsReader &reader);
 
 /// Stores all of them, and between the refresh intervals and the default editor has the windows told.
 /// @throws RuntimeError RegistryError at the first that cannot be stored for lack of rights, and DeviceError when the

@@ -44,6 +44,7 @@ std::optional<Value> SettingsReader::attempt(Value (Config::*property)() const, 
     try {
         return (m_config.*property)();
     } catch (const RuntimeError &error) {
+        m_isKeptOut |= error.number() == RuntimeError::RegistryError;
         const QString message = error.message();
         auto known = std::find_if(m_problems.begin(), m_problems.end(),
                                   [&message](const auto &each) { return each.first == message; });

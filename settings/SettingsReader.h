@@ -25,6 +25,9 @@ public:
     /// Each error once, with the settings that it concerns. Empty when there was none.
     [[nodiscard]] QString problems() const;
 
+    /// Whether the registry kept one from being read, and not what is stored.
+    [[nodiscard]] bool isKeptOut() const { return m_isKeptOut; }
+
 private:
     template<class Value>
     [[nodiscard]] std::optional<Value> attempt(Value (Config::*property)() const, const Config::Setting &setting);
@@ -32,4 +35,5 @@ private:
     const Config &m_config;
     /// An error's message, and the properties that raised it.
     std::vector<std::pair<QString, QStringList>> m_problems;
+    bool m_isKeptOut = false;
 };

@@ -2,6 +2,7 @@
 
 #include "platform/Messages.h"
 #include "platform/Programs.h"
+#include "platform/RuntimeError.h"
 #include "settings/frmODBCLogon.h"
 #include "settings/NumberText.h"
 #include "settings/OpenWindows.h"
@@ -71,6 +72,7 @@ void frmOptions::Apply()
     values.refreshProp = intervalOf(*m_refreshProp);
     values.edit = m_defaultEdit[editAsLine]->isChecked() ? editAsLine : 0;
     values.odbc = m_logon->connection();
+    requireSeen();
     applyOptions(m_services.config, values, updateTimersOfOpenWindows);
 }
 
@@ -186,28 +188,38 @@ void frmOptions::connectKeys()
 
 void frmOptions::Form_Load()
 {
-    using namespace ConfigSettings;
-
     SettingsReader reader(m_services.config);
-    m_autoStart->setChecked(reader.read(&Config::AutoStart, autoStart) != 0);
-    m_remote->setChecked(reader.read(&Config::remote, remote) != 0);
-    m_defaultEdit[reader.read(&Config::Edit, edit) == editAsLine ? editAsLine : 0]->setChecked(true);
+    const OptionValues values = readOptions(reader);
+    m_isUnread = reader.isKeptOut();
+    m_autoStart->setChecked(values.autoStart != 0);
+    m_remote->setChecked(values.remote != 0);
+    m_defaultEdit[values.edit == editAsLine ? editAsLine : 0]->setChecked(true);
     // This page has never been for users.
     m_tabs->removeTab(Unreachable);
-    m_refreshHost->setText(QString::number(reader.read(&Config::RefreshHost, refreshHost)));
-    m_refreshCommand->setText(QString::number(reader.read(&Config::RefreshCommand, refreshCommand)));
-    m_refreshProp->setText(QString::number(reader.read(&Config::RefreshProp, refreshProp)));
-    OdbcConnection connection;
-    connection.dsn = reader.read(&Config::ODBCdsn, odbcDsn);
-    connection.user = reader.read(&Config::ODBCuser, odbcUser);
-    connection.db = reader.read(&Config::ODBCdb, odbcDb);
-    connection.driver = reader.read(&Config::ODBCdriver, odbcDriver);
-    connection.server = reader.read(&Config::ODBCserver, odbcServer);
-    m_logon->setConnection(connection);
+    m_refreshHost->setText(QString::number(values.refreshHost));
+    m_refreshCommand->setText(QString::number(values.refreshCommand));
+    m_refreshProp->setText(QString::number(values.refreshProp));
+    m_logon->setConnection(values.odbc);
     m_tabs->setCurrentIndex(General);
     const QString problems = reader.problems();
     if (!problems.isEmpty())
         m_services.messages.show(problems, Messages::Icon::Exclamation);
+}
+
+/// What is stored and could not be read, because another program kept the registry locked perhaps, is not replaced by
+/// defaults that nobody has chosen.
+void frmOptions::requireSeen()
+{
+    if (!m_isUnread)
+        return;
+    SettingsReader reader(m_services.config);
+    (void)readOptions(reader);
+    // Then nothing can be stored either, and storing tells why.
+    if (reader.isKeptOut())
+        return;
+    Form_Load();
+    throw RuntimeError(RuntimeError::DeviceError, {},
+                       tr("The settings could not be read before. They are shown now, and nothing is stored."));
 }
 
 void frmOptions::cmdApply_Click()

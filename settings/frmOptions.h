@@ -38,7 +38,10 @@ public:
 
     /// Writes every field back and tells the open windows. When an interval is no number, nothing is written and its
     /// field is shown.
-    /// @throws RuntimeError TypeMismatch or Overflow for an interval; and as applyOptions() does
+    /// Nor is anything written when the settings could not be read before and can be now: then they are shown.
+    /// @throws RuntimeError TypeMismatch or Overflow for an interval, DeviceError for settings that are shown now; and
+    /// as
+    ///         applyOptions() does
     void Apply();
 
 private:
@@ -52,6 +55,7 @@ private:
     void connectKeys();
 
     void Form_Load();
+    void requireSeen();
     void cmdApply_Click();
     void cmdOK_Click();
     void Control_Click();
@@ -59,6 +63,8 @@ private:
     [[nodiscard]] qint32 intervalOf(QLineEdit &field);
 
     Services m_services;
+    /// The registry has kept settings from being read: their fields have defaults.
+    bool m_isUnread = false;
     QTabWidget *m_tabs = nullptr;
     std::array<QWidget *, pageCount> m_pages{};
     QCheckBox *m_autoStart = nullptr;

@@ -166,6 +166,34 @@ TEST_F(Options, OpenWithoutRightsToTheSettingsAndTellWhy)
     EXPECT_EQ(field("RefreshCommand").text(), "5");
 }
 
+TEST_F(Options, SettingsThatCouldNotBeReadAreNotReplacedByTheirDefaults)
+{
+    config.setODBCuser("anna");
+    registry.denied = {"HKEY_LOCAL_MACHINE\\SOFTWARE"};
+    messages.expectShow("Run-time error '10001':\n\nUnable to create subkey\n\nThese settings cannot be read and are "
+                        "shown with their defaults: AutoStart, remote, Edit, RefreshHost, RefreshCommand, RefreshProp, "
+                        "ODBCdsn, ODBCuser, ODBCdb, ODBCdriver, ODBCserver",
+                        Messages::Icon::Exclamation);
+    open();
+    expectError("Run-time error '10001':\n\nUnable to create subkey");
+    press(*form, "cmdOK");
+    messages.verify();
+
+    registry.denied.clear();
+    expectError("Run-time error '57':\n\nDevice I/O error\n\nThe settings could not be read before. They are shown "
+                "now, and nothing is stored.");
+    press(*form, "cmdOK");
+    messages.verify();
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(field("ODBCuser").text(), "anna");
+    EXPECT_EQ(config.ODBCuser(), "anna");
+
+    field("ODBCuser").setText("berta");
+    press(*form, "cmdOK");
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(config.ODBCuser(), "berta");
+}
+
 TEST_F(Options, ASettingThatIsNoNumberCanBeSetRight)
 {
     storeAll();
