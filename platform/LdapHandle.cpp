@@ -68,6 +68,7 @@ LdapAnswer LdapHandle::search(const LdapSearch &search, const Directory::GoOn &g
     for (const QString &attribute : search.attributes)
         names.emplace_back(attribute);
     std::vector<Character *> attributes;
+    attributes.reserve(names.size() + 1);
     for (Argument &name : names)
         attributes.push_back(name.data());
     attributes.push_back(nullptr);

@@ -101,6 +101,7 @@ std::optional<unsigned> verify(const std::vector<Certificate> &certificates, con
     if (!trust)
         return std::nullopt;
     std::vector<gnutls_x509_crt_t> list;
+    list.reserve(certificates.size());
     for (const Certificate &each : certificates)
         list.push_back(each.get());
     QByteArray purpose = GNUTLS_KP_TLS_WWW_SERVER;

@@ -8,6 +8,7 @@
 #include <arpa/inet.h>
 #include <poll.h>
 #include <sys/socket.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -184,7 +185,11 @@ void DirectoryServer::kill()
 
 void DirectoryServer::halt()
 {
-    ASSERT_EQ(::kill(pid_t(m_process.processId()), SIGSTOP), 0);
+    const pid_t process = pid_t(m_process.processId());
+    ASSERT_EQ(::kill(process, SIGSTOP), 0);
+    // Its threads go on until each of them has seen the signal.
+    siginfo_t state{};
+    ASSERT_EQ(::waitid(P_PID, id_t(process), &state, WSTOPPED | WNOWAIT), 0);
 }
 
 void DirectoryServer::resume()
