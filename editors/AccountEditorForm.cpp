@@ -34,7 +34,7 @@ AccountEditorForm::AccountEditorForm(const Kind &kind, const EditorServices &ser
 
 void AccountEditorForm::showObject(const QString &object)
 {
-    m_objectName->setText(object.mid(m_kind.tag.size()));
+    m_objectName->setLine(object.mid(m_kind.tag.size()));
 }
 
 QString AccountEditorForm::object() const
@@ -51,6 +51,6 @@ void AccountEditorForm::browse()
     if (!picker)
         return;
     // Also when it was cancelled: the name is empty then.
-    m_objectName->setText(picker->Selected());
+    m_objectName->setLine(picker->Selected());
     picker->deleteLater();
 }

@@ -63,7 +63,7 @@ ConfigDialogLDAP::ConfigDialogLDAP(const EditorServices &services, QWidget *pare
 
 void ConfigDialogLDAP::SetDefaultItem()
 {
-    m_objectName->clear();
+    m_objectName->setLine({});
 }
 
 void ConfigDialogLDAP::SetAllFlags(int value)
@@ -126,7 +126,7 @@ void ConfigDialogLDAP::browse()
     if (!browser)
         return;
     if (result == QDialog::Accepted)
-        m_objectName->setText(browser->url());
+        m_objectName->setLine(browser->url());
     browser->deleteLater();
     unsetCursor();
 }

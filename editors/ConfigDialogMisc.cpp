@@ -20,7 +20,7 @@ ConfigDialogMisc::ConfigDialogMisc(const EditorServices &services, QWidget *pare
 
 void ConfigDialogMisc::showItem(const QString &line)
 {
-    m_item->setText(line);
+    m_item->setLine(line);
 }
 
 std::optional<ItemEditorForm::Item> ConfigDialogMisc::collectItem()

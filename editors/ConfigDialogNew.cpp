@@ -8,6 +8,7 @@
 #include "editors/FlagAlphabets.h"
 #include "editors/FlagPanel.h"
 #include "editors/LineEdit.h"
+#include "platform/ByteText.h"
 #include "platform/FileSystem.h"
 #include "platform/Messages.h"
 #include "settings/RunReported.h"
@@ -53,10 +54,10 @@ void ConfigDialogNew::SetDefaultItem()
 
 void ConfigDialogNew::showObject(const QString &object)
 {
-    m_objectName->setText(object);
+    m_objectName->setLine(object);
     moveListsTo(object);
     // Whatever the lists made of it on the way.
-    m_objectName->setText(object);
+    m_objectName->setLine(object);
 }
 
 QString ConfigDialogNew::object() const
@@ -77,7 +78,7 @@ void ConfigDialogNew::addLists()
             reportMissing(path);
     });
     connect(m_lists, &FileLists::fileChosen, this,
-            [this](const QString &name) { m_objectName->setText(pathForLine(pathIn(m_lists->folder(), name))); });
+            [this](const QString &name) { m_objectName->setLine(pathForLine(pathIn(m_lists->folder(), name))); });
 }
 
 void ConfigDialogNew::confirmLastAccess(QCheckBox &box)
@@ -96,7 +97,7 @@ void ConfigDialogNew::moveListsTo(const QString &path)
     const QString drive = driveOf(path);
     if (!drive.isEmpty() && !goToDrive(drive))
         return;
-    const QString browsed = pathToBrowse(path);
+    const QString browsed = spellingOf(pathToBrowse(path));
     if (openFolder(browsed))
         return;
     const qsizetype nameAt = browsed.lastIndexOf(separator) + 1;
@@ -128,7 +129,7 @@ bool ConfigDialogNew::goToDrive(const QString &drive)
     m_lists->showDrive(drive);
     // What is there may be a file, with nothing in it.
     (void)openFolder(path);
-    m_objectName->setText(drive + separator);
+    m_objectName->setLine(drive + separator);
     return true;
 }
 
@@ -137,7 +138,7 @@ bool ConfigDialogNew::openFolder(const QString &path)
     if (!m_fileSystem.FolderExists(path))
         return false;
     m_lists->showFolder(path, m_fileSystem.ListFolder(path));
-    m_objectName->setText(pathForLine(m_lists->folder()));
+    m_objectName->setLine(pathForLine(m_lists->folder()));
     return true;
 }
 
@@ -168,12 +169,12 @@ void ConfigDialogNew::chooseFile()
     if (path.isEmpty())
         messages().show(tr("No drive leads to \"%1\".").arg(chosen), Messages::Icon::Exclamation);
     else
-        m_objectName->setText(pathForLine(path));
+        m_objectName->setLine(pathForLine(path));
 }
 
 void ConfigDialogNew::startAtObject(QFileDialog &dialog) const
 {
-    const QString path = pathToBrowse(m_objectName->line());
+    const QString path = spellingOf(pathToBrowse(m_objectName->line()));
     const QString folder = m_fileSystem.FolderExists(path) ? path : path.left(path.lastIndexOf(separator) + 1);
     if (m_fileSystem.FolderExists(folder))
         dialog.setDirectory(m_fileSystem.systemPath(folder));
@@ -197,7 +198,7 @@ void ConfigDialogNew::chooseDrives()
     }
     // A drive that cannot be reached now may be monitored all the same.
     (void)goToDrive(driveOf(drives.first()));
-    m_objectName->setText(drives.first());
+    m_objectName->setLine(drives.first());
 }
 
 void ConfigDialogNew::addDrives(const QStringList &drives)
@@ -215,6 +216,24 @@ QString ConfigDialogNew::pathToBrowse(const QString &path) const
 {
     const bool isConnected = !m_connection.isEmpty() && driveOf(path) == m_drive;
     return isConnected ? m_connection + path.sliced(2) : browsePath(path, browsedHost());
+}
+
+QString ConfigDialogNew::spellingOf(const QString &path) const
+{
+    const QString meant = shownText(path);
+    if (meant == path)
+        return path;
+    const auto isThere = [this](const QString &each) {
+        return m_fileSystem.FolderExists(each) || m_fileSystem.FileExists(each);
+    };
+    // The file itself, or else the folder that it might be in.
+    for (const qsizetype end : {path.size(), qMax(path.lastIndexOf(separator), qsizetype(0))}) {
+        if (isThere(path.first(end)))
+            return path;
+        if (isThere(meant.first(end)))
+            return meant;
+    }
+    return meant;
 }
 
 QString ConfigDialogNew::pathForLine(const QString &path) const

@@ -44,6 +44,9 @@ private:
     /// A path of the line as it is looked at, and back.
     [[nodiscard]] QString pathToBrowse(const QString &path) const;
     [[nodiscard]] QString pathForLine(const QString &path) const;
+    /// How a path to browse is spelled where it is looked at: its bytes that are not UTF-8 may be those of a name
+    /// there, or stand for characters, as in a line of an old file. The second where neither is there.
+    [[nodiscard]] QString spellingOf(const QString &path) const;
 
     const FileSystem &m_fileSystem;
     LineEdit *m_objectName;

@@ -28,9 +28,9 @@ void ConfigDialogOther::showItem(const QString &line)
     QString object;
     QString flags;
     document().ParseLine(line, prefix, object, flags);
-    m_prefix->setText(prefix);
-    m_objectName->setText(object);
-    m_objectFlags->setText(flags);
+    m_prefix->setLine(prefix);
+    m_objectName->setLine(object);
+    m_objectFlags->setLine(flags);
 }
 
 std::optional<ItemEditorForm::Item> ConfigDialogOther::collectItem()
@@ -48,6 +48,6 @@ void ConfigDialogOther::chooseFlags()
     if (!chooser)
         return;
     if (result == ConfigDialogFlags::OK)
-        m_objectFlags->setText(chooser->flags());
+        m_objectFlags->setLine(chooser->flags());
     chooser->deleteLater();
 }

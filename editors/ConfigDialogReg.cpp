@@ -42,6 +42,6 @@ void ConfigDialogReg::chooseKey()
     if (!picker)
         return;
     if (result == QDialog::Accepted)
-        m_objectName->setText(picker->keyPath());
+        m_objectName->setLine(picker->keyPath());
     picker->deleteLater();
 }

@@ -70,7 +70,7 @@ ConfigDialogRight::ConfigDialogRight(const EditorServices &services, QWidget *pa
 void ConfigDialogRight::SetDefaultItem()
 {
     m_allRights->setChecked(true);
-    m_objectName->clear();
+    m_objectName->setLine({});
 }
 
 void ConfigDialogRight::showObject(const QString &object)
@@ -82,7 +82,7 @@ void ConfigDialogRight::showObject(const QString &object)
         return;
     for (size_t i = 0; i < userRights.size(); ++i)
         m_rightsList->topLevelItem(int(i))->setCheckState(Right, rights.listed[i] ? Qt::Checked : Qt::Unchecked);
-    m_objectName->setText(rights.others);
+    m_objectName->setLine(rights.others);
 }
 
 QString ConfigDialogRight::object() const

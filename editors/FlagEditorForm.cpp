@@ -31,7 +31,7 @@ FlagPanel *FlagEditorForm::addFlags(const FlagAlphabet &alphabet)
 void FlagEditorForm::showObject(const QString &object)
 {
     if (m_objectName)
-        m_objectName->setText(object);
+        m_objectName->setLine(object);
 }
 
 QString FlagEditorForm::object() const
@@ -42,7 +42,7 @@ QString FlagEditorForm::object() const
 void FlagEditorForm::showPrefix(const QString &prefix)
 {
     if (m_prefix)
-        m_prefix->setText(prefix);
+        m_prefix->setLine(prefix);
 }
 
 QString FlagEditorForm::prefix() const

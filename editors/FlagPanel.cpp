@@ -49,9 +49,9 @@ void FlagPanel::ParseFlags(const QString &flags)
         m_letters[i]->setChecked(read.letters.contains(QLatin1Char(m_alphabet.letters[i].letter)));
     for (size_t i = 0; i < m_options.size(); ++i) {
         m_options[i].box->setChecked(read.options[i].isChecked);
-        m_options[i].field->setText(read.options[i].text);
+        m_options[i].field->setLine(read.options[i].text);
     }
-    m_otherFlags->setText(read.otherFlags);
+    m_otherFlags->setLine(read.otherFlags);
 }
 
 FlagText FlagPanel::parts() const

@@ -142,9 +142,52 @@ TEST_F(FileListsTest, ANameThatIsNoTextIsCarriedIntoTheLine)
     const ItemEditorForm &form = editLine("C:\\Temp t");
     EXPECT_EQ(files(form), QStringList{"caf\u00E9"});
     clickName(form, "FileList", "caf\u00E9");
-    EXPECT_EQ(objectOf(form), "C:\\Temp\\" + name);
+    EXPECT_EQ(objectOf(form), "C:\\Temp\\caf\u00E9");
     press(form, "OKButton");
     EXPECT_EQ(document.rows, QStringList{"C:\\Temp\\caf\\u0x00E9 t"});
+}
+
+TEST_F(FileListsTest, ALineBreakInANameIsEscapedInTheLine)
+{
+    // As a blank, as one that is entered is, it would be the name of another file.
+    fileSystem.addFile("C:\\Temp\\two\nlines");
+    const ItemEditorForm &form = editLine("C:\\Temp t");
+    clickName(form, "FileList", "two\nlines");
+    press(form, "OKButton");
+    EXPECT_EQ(document.rows, QStringList{"C:\\Temp\\two\\u0x000Alines t"});
+}
+
+TEST_F(FileListsTest, ALineOfAnOldFileFindsTheCharactersThatItsBytesStandFor)
+{
+    fileSystem.addFile("C:\\Gr\u00F6\u00DFe\\\u00FC.txt");
+    fileSystem.addFile("C:\\Temp\\\u00FC.txt");
+    const auto show = [this](const QByteArray &line) -> const ItemEditorForm & { return editLine(decodeBytes(line)); };
+    EXPECT_EQ(selectedIn(show("C:\\Gr\xF6\xDF"
+                              "e t"),
+                         "DirList"),
+              "Gr\u00F6\u00DFe");
+    EXPECT_EQ(selectedIn(show("C:\\Gr\xF6\xDF"
+                              "e\\\xFC.txt t"),
+                         "FileList"),
+              "\u00FC.txt");
+    EXPECT_EQ(selectedIn(show("C:\\Temp\\\xFC.txt t"), "FileList"), "\u00FC.txt");
+    // Missing in a folder that is there, which nobody minds.
+    EXPECT_EQ(selectedIn(show("C:\\Gr\xF6\xDF"
+                              "e\\new t"),
+                         "DirList"),
+              "Gr\u00F6\u00DFe");
+    messages.expectShow("Cannot find file C:\\\u00FC\\x");
+    show("C:\\\xFC\\x t");
+}
+
+TEST_F(FileListsTest, ALineFindsTheNameOfItsVeryBytesFirst)
+{
+    fileSystem.addFile("C:\\Temp\\" + decodeBytes("\xFC"));
+    fileSystem.addFile("C:\\Temp\\\u00FC");
+    const ItemEditorForm &form = editLine(decodeBytes("C:\\Temp\\\xFC t"));
+    // Both are shown so.
+    EXPECT_EQ(files(form), (QStringList{"\u00FC", "\u00FC"}));
+    EXPECT_EQ(list(form, "FileList").currentIndex().row(), 1);
 }
 
 TEST_F(FileListsTest, ALineIsShownAgainAfterAnother)

@@ -1,3 +1,4 @@
+#include "platform/ByteText.h"
 #include "tests/editors/EditorFixture.h"
 
 #include <QAbstractButton>
@@ -152,6 +153,32 @@ TEST_F(ItemEditorFormTest, WhatBreaksNoRowIsKept)
     document.rows = QStringList{line};
     press(edit(ItemKind::Line, 0), "OKButton");
     EXPECT_EQ(document.rows, QStringList{line});
+}
+
+TEST_F(ItemEditorFormTest, BytesOfAnOldFileAreShownReadablyAndKeptWhereNothingIsChanged)
+{
+    const QString line = decodeBytes("; Gr\xF6\xDF"
+                                     "e alt \xFC.");
+    document.rows = QStringList{line};
+    const ItemEditorForm &form = edit(ItemKind::Line, 0);
+    EXPECT_EQ(textOf(form, "Item"), "; Gr\u00F6\u00DFe alt \u00FC.");
+    auto *field = control<QLineEdit>(form, "Item");
+    field->setSelection(8, 3);
+    field->insert("ne\u00FC");
+    press(form, "OKButton");
+    // What was typed is text, also where it looks like what was there before.
+    EXPECT_EQ(document.rows, QStringList{decodeBytes("; Gr\xF6\xDF"
+                                                     "e ne\xC3\xBC \xFC.")});
+}
+
+TEST_F(ItemEditorFormTest, BytesInTheFlagsAreShownReadablyAndKept)
+{
+    // Flags are not escaped: another byte would be another flag.
+    document.rows = QStringList{decodeBytes("HKLM\\x c\xE9")};
+    const ItemEditorForm &form = edit(ItemKind::Registry, 0);
+    EXPECT_EQ(textOf(form, "OtherFlags"), "\u00E9");
+    press(form, "OKButton");
+    EXPECT_EQ(document.rows, QStringList{decodeBytes("HKLM\\x c,\xE9")});
 }
 
 TEST_F(ItemEditorFormTest, ALongLineIsNotCutOff)
