@@ -1,6 +1,7 @@
 #include "app/MessageBoxes.h"
 
 #include "app/Application.h"
+#include "platform/ByteText.h"
 
 #include <QMessageBox>
 #include <QPushButton>
@@ -39,7 +40,7 @@ QMessageBox::Icon boxIcon(Messages::Icon icon)
 int showBox(const QString &text, Messages::Icon icon, const QString &title, QMessageBox::StandardButtons buttons,
             QMessageBox::StandardButton defaultButton = QMessageBox::NoButton)
 {
-    QMessageBox box(boxIcon(icon), title.isEmpty() ? Application::title() : title, text, buttons,
+    QMessageBox box(boxIcon(icon), title.isEmpty() ? Application::title() : title, shownText(text), buttons,
                     QApplication::activeWindow());
     box.setObjectName(QStringLiteral("MessageBox"));
     box.setDefaultButton(defaultButton);

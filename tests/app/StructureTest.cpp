@@ -1,4 +1,5 @@
 #include "app/MessageBoxes.h"
+#include "platform/ByteText.h"
 #include "settings/Icons.h"
 #include "tests/app/ProgramFixture.h"
 #include "tests/support/FormStructure.h"
@@ -210,6 +211,16 @@ TEST(MessageBox, ShowsItsTextAsItIsUnderTheProgramsTitle)
         EXPECT_FALSE(dialog.isVisible());
     });
     boxes.show("File <b>x</b> not found", Messages::Icon::Exclamation);
+    EXPECT_TRUE(shown->handled);
+}
+
+TEST(MessageBox, ShowsBytesThatAreNoTextAsTheCharactersThatTheyStandFor)
+{
+    MessageBoxes realBoxes;
+    Messages &boxes = realBoxes;
+    const auto shown = onNextDialog(
+        [](QWidget &dialog) { EXPECT_EQ(static_cast<QMessageBox &>(dialog).text(), "Cannot find file C:\\\u00FC"); });
+    boxes.show("Cannot find file C:\\" + decodeBytes("\xFC"), Messages::Icon::None, {});
     EXPECT_TRUE(shown->handled);
 }
 
