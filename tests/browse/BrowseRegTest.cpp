@@ -157,6 +157,13 @@ TEST_F(BrowseRegTest, APathIsFoundWhateverItsCase)
     EXPECT_EQ(shownPath(), "HKLM\\SOFTWARE\\Vendor");
 }
 
+TEST_F(BrowseRegTest, AHiveIsKnownInCapitalsOnly)
+{
+    messages.expectShow("Unable to read key hklm\\software");
+    open("hklm\\software");
+    EXPECT_EQ(shownPath(), "hklm\\software");
+}
+
 TEST_F(BrowseRegTest, HkddLeadsToTheDynamicDataWhichIsShownAsHkdn)
 {
     open("HKDD");
