@@ -1,5 +1,6 @@
 #include "editors/NameList.h"
 
+#include "config/RowMetrics.h"
 #include "platform/ByteText.h"
 
 #include <QAbstractListModel>
@@ -39,7 +40,8 @@ public:
         case Qt::DisplayRole:
         // A name may be longer than the list is wide.
         case Qt::ToolTipRole:
-            return shownText(row.name);
+            // On one line, as rows of one height have to be.
+            return RowMetrics::painted(shownText(row.name));
         case Qt::DecorationRole:
             return row.icon;
         case depthRole:
