@@ -50,6 +50,7 @@ bool setOptions(LDAP *session)
            ldap_set_option(session, LDAP_OPT_SIZELIMIT, &noLimit) == LDAP_SUCCESS;
 }
 
+/// Wine's library does not take the callback, and takes every certificate: what is encrypted then may go to anybody.
 bool setVerification(LDAP *session)
 {
     return ldap_set_option(session, LDAP_OPT_SERVER_CERTIFICATE, reinterpret_cast<void *>(verifyCertificate)) ==
@@ -86,8 +87,10 @@ LdapAnswer LdapSession::open(const DirectoryPath &path, const Directory::GoOn &g
     m_session = isEncrypted ? ldap_sslinit(host.data(), ULONG(path.port), 1) : ldap_init(host.data(), ULONG(path.port));
     if (!m_session)
         return failed(int(LdapGetLastError()));
-    if (!setOptions(m_session) || (isEncrypted && !setVerification(m_session)))
+    if (!setOptions(m_session))
         return answer(LdapAnswer::Local, Texts::tr("The LDAP library does not know a setting."));
+    if (isEncrypted && !setVerification(m_session))
+        return answer(LdapAnswer::Unencryptable, Texts::tr("The server's certificate cannot be checked."));
 
     Check own{path.host, {}};
     check = &own;
@@ -108,7 +111,7 @@ LdapAnswer LdapSession::startEncryption(const Directory::GoOn &goOn)
     if (goOn && !goOn())
         return answer(LdapAnswer::Cancelled);
     if (!setVerification(m_session))
-        return answer(LdapAnswer::Local, Texts::tr("The LDAP library does not know a setting."));
+        return answer(LdapAnswer::UnwillingToPerform);
     Check own{m_connection->host, {}};
     check = &own;
     ULONG said = LDAP_SUCCESS;
