@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace {
 
 class NameListTest : public testing::TestWithParam<NameList::Choice>
@@ -15,7 +17,7 @@ class NameListTest : public testing::TestWithParam<NameList::Choice>
 protected:
     NameListTest()
     {
-        QObject::connect(&list, &NameList::chosen, &list, [this](int row) { chosen << row; });
+        QObject::connect(&list, &NameList::chosen, &list, [this](int row) { chosen.push_back(row); });
         list.setRows({{"a", {}, 0}, {"b", {}, 1}, {"c", {}, 1}});
         showActive(list);
         chosen.clear();
@@ -24,7 +26,7 @@ protected:
     [[nodiscard]] QPoint middleOf(int row) const { return list.visualRect(list.model()->index(row, 0)).center(); }
 
     NameList list{QLatin1String("List"), GetParam(), nullptr};
-    QList<int> chosen;
+    std::vector<int> chosen;
 };
 
 TEST_P(NameListTest, ItsModelKeepsTheRules)
@@ -38,12 +40,12 @@ TEST_P(NameListTest, ItsModelKeepsTheRules)
 TEST_P(NameListTest, AClickChooses)
 {
     QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, middleOf(1));
-    ASSERT_FALSE(chosen.isEmpty());
-    EXPECT_EQ(chosen.last(), 1);
+    ASSERT_FALSE(chosen.empty());
+    EXPECT_EQ(chosen.back(), 1);
     // The same row once more.
     chosen.clear();
     QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, middleOf(1));
-    EXPECT_EQ(chosen, QList<int>{1});
+    EXPECT_EQ(chosen, std::vector<int>{1});
 }
 
 TEST_P(NameListTest, ProgramsSelectionsTellNobody)
@@ -52,7 +54,7 @@ TEST_P(NameListTest, ProgramsSelectionsTellNobody)
     EXPECT_EQ(list.currentIndex().row(), 2);
     EXPECT_TRUE(list.selectionModel()->isRowSelected(2));
     list.setRows({{"x", {}, 0}});
-    EXPECT_TRUE(chosen.isEmpty());
+    EXPECT_TRUE(chosen.empty());
     EXPECT_FALSE(list.currentIndex().isValid());
 }
 
@@ -61,18 +63,18 @@ TEST_P(NameListTest, TheFocusAloneChoosesNothing)
     QTest::keyClick(&list, Qt::Key_Backtab);
     list.clearFocus();
     list.setFocus(Qt::TabFocusReason);
-    EXPECT_TRUE(chosen.isEmpty());
+    EXPECT_TRUE(chosen.empty());
 }
 
 TEST_P(NameListTest, KeysChoose)
 {
     list.selectRow(0);
     QTest::keyClick(&list, Qt::Key_Down);
-    EXPECT_EQ(chosen, GetParam() == NameList::Choice::BySelecting ? QList<int>{1} : QList<int>{});
+    EXPECT_EQ(chosen, GetParam() == NameList::Choice::BySelecting ? std::vector<int>{1} : std::vector<int>{});
     chosen.clear();
     QTest::keyClick(&list, Qt::Key_Return);
     QTest::keyClick(&list, Qt::Key_Enter);
-    EXPECT_EQ(chosen, GetParam() == NameList::Choice::ByOpening ? (QList<int>{1, 1}) : QList<int>{});
+    EXPECT_EQ(chosen, GetParam() == NameList::Choice::ByOpening ? (std::vector<int>{1, 1}) : std::vector<int>{});
 }
 
 TEST_P(NameListTest, ALongNameMakesTheListNoWider)
