@@ -4,7 +4,7 @@
 
 /// The files in which desktops keep what opens what, as texts. Everything here is a function of texts alone.
 
-/// A command line of a desktop entry that starts the program with files: "Desktop Entry Specification", "The Exec key".
+/// A command line of a desktop entry that starts the program with files: its "Exec" key, see freedesktop.org.
 [[nodiscard]] QByteArray desktopCommand(const QByteArray &programPath);
 
 /// The desktop entry with the program's path for the one that it has.

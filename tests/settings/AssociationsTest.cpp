@@ -233,8 +233,8 @@ TEST_F(AssociationFailure, ValueThatIsNotStoredLeavesNothingBehind)
 
 TEST_F(AssociationFailure, DesktopThatCannotBeToldLeavesNothingBehind)
 {
-    fileTypes.error = RuntimeError(RuntimeError::PermissionDenied, "/home/me/.config/mimeapps.list");
-    checkFails("Run-time error '70':\n\nPermission denied\n\n/home/me/.config/mimeapps.list");
+    fileTypes.error = RuntimeError(RuntimeError::PermissionDenied, "/home/.config/mimeapps.list");
+    checkFails("Run-time error '70':\n\nPermission denied\n\n/home/.config/mimeapps.list");
     // What was in the way of nothing is used.
     fileTypes.error.reset();
     messages.expectAsk(offer, yesNo, yes);
