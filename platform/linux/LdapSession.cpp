@@ -9,6 +9,8 @@
 #include <openldap.h>
 #include <unistd.h>
 
+#include <csignal>
+
 namespace {
 
 struct Texts
@@ -69,6 +71,8 @@ LdapSession::LdapSession(const LdapLimits &limits)
     : m_limits(limits)
     , m_connection(std::make_unique<Connection>())
 {
+    // The library writes as to a file: to a connection that the server has ended, this would end the program.
+    (void)std::signal(SIGPIPE, SIG_IGN);
 }
 
 LdapSession::~LdapSession()

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 namespace {
 
 using Code = DirectoryStatus::Code;
@@ -449,6 +451,24 @@ TEST_F(RealDirectory, AServerThatHasEndedInTheMiddleIsAFailure)
     ASSERT_TRUE(open(server.path("dc=example,dc=com")).isSuccess());
     server.kill();
     const DirectoryStatus status = object->children([](const auto &) { ADD_FAILURE(); });
+    EXPECT_EQ(status.code, Code::Failed);
+    EXPECT_FALSE(status.text.isEmpty());
+}
+
+// The library writes twice then: the request, and that it ends the connection.
+TEST_F(RealDirectory, AConnectionThatIsCutOffDoesNotEndTheProgram)
+{
+    server.start();
+    // As it is when a program starts.
+    (void)std::signal(SIGPIPE, SIG_DFL);
+    ASSERT_TRUE(open(server.path("dc=example,dc=com")).isSuccess());
+    server.halt();
+    const std::unique_ptr<DirectoryObject> kept = std::move(object);
+    goOn = [] { return false; };
+    ASSERT_EQ(open(server.path("dc=example,dc=com")).code, Code::Cancelled);
+    // A request that it has not read yet makes the system cut the connection off.
+    server.kill();
+    const DirectoryStatus status = kept->children([](const auto &) { ADD_FAILURE(); });
     EXPECT_EQ(status.code, Code::Failed);
     EXPECT_FALSE(status.text.isEmpty());
 }
