@@ -43,10 +43,10 @@ bool isIncomplete(int code)
            code == LdapAnswer::TimeLimitExceeded;
 }
 
-LdapAnswer notEncrypted()
+LdapAnswer answerOf(LdapAnswer::Code code)
 {
     LdapAnswer answer;
-    answer.code = LdapAnswer::NotEncrypted;
+    answer.code = code;
     return answer;
 }
 
@@ -66,6 +66,9 @@ DirectoryStatus LdapConnection::open(const Directory::GoOn &goOn)
 
 LdapAnswer LdapConnection::search(const LdapSearch &search, const Directory::GoOn &goOn)
 {
+    // Without the login that belongs to it, the connection is not used.
+    if (!m_isOpen)
+        return answerOf(LdapAnswer::Lost);
     LdapAnswer answer = m_handle->search(search, goOn);
     if (answer.code == LdapAnswer::Lost && m_hasWorked && search.cookie.isEmpty()) {
         m_hasWorked = false;
@@ -102,6 +105,13 @@ DirectoryStatus LdapConnection::statusOf(const LdapAnswer &answer) const
 
 LdapAnswer LdapConnection::connectToServer(const Directory::GoOn &goOn)
 {
+    LdapAnswer answer = connectAndLogIn(goOn);
+    m_isOpen = answer.code == LdapAnswer::Success;
+    return answer;
+}
+
+LdapAnswer LdapConnection::connectAndLogIn(const Directory::GoOn &goOn)
+{
     m_handle = std::make_unique<LdapHandle>(m_limits);
     LdapAnswer answer = m_handle->open(m_path, goOn);
     const bool isAnonymous = m_account.userName.isEmpty() && m_account.password.isEmpty();
@@ -115,7 +125,7 @@ LdapAnswer LdapConnection::connectToServer(const Directory::GoOn &goOn)
         isEncrypted = answer.code == LdapAnswer::Success;
     }
     if (!mayLogIn(isEncrypted))
-        return notEncrypted();
+        return answerOf(LdapAnswer::NotEncrypted);
     return m_handle->bind(m_account.userName, m_account.password, goOn);
 }
 

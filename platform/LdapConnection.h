@@ -26,6 +26,9 @@ public:
 
     DirectoryStatus open(const Directory::GoOn &goOn);
 
+    /// Whether it can be used: it has been opened, and not failed when it had to be made again.
+    [[nodiscard]] bool isOpen() const { return m_isOpen; }
+
     /// Sends a request. A connection that has worked before, and is lost now, is made again once, unless the request
     /// goes on with what only the lost one knows.
     [[nodiscard]] LdapAnswer search(const LdapSearch &search, const Directory::GoOn &goOn);
@@ -35,11 +38,13 @@ public:
 
 private:
     [[nodiscard]] LdapAnswer connectToServer(const Directory::GoOn &goOn);
+    [[nodiscard]] LdapAnswer connectAndLogIn(const Directory::GoOn &goOn);
     [[nodiscard]] bool mayLogIn(bool isEncrypted) const;
 
     LdapLimits m_limits;
     DirectoryPath m_path;
     Account m_account;
     std::unique_ptr<LdapHandle> m_handle;
+    bool m_isOpen = false;
     bool m_hasWorked = false;
 };

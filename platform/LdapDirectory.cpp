@@ -152,11 +152,11 @@ DirectoryStatus LdapDirectory::OpenDSObject(const QString &path, const QString &
     if (answer.code == LdapAnswer::Success && answer.entries.isEmpty())
         answer.code = LdapAnswer::NoSuchObject;
     // A server need not tell everybody about itself; it has answered nevertheless.
-    const bool isHidden = parsed->isRootDse && answer.code > LdapAnswer::Success;
+    const bool isHidden = parsed->isRootDse && answer.code > LdapAnswer::Success && m_connection->isOpen();
     if (answer.code != LdapAnswer::Success && !isHidden) {
         DirectoryStatus failed = m_connection->statusOf(answer);
         // A connection that has gone wrong is not used again.
-        if (answer.code < LdapAnswer::Success)
+        if (answer.code < LdapAnswer::Success || !m_connection->isOpen())
             m_connection.reset();
         return failed;
     }

@@ -155,8 +155,8 @@ void DirectoryServer::setCertificate(const Certificates &certificates, const QSt
 
 void DirectoryServer::start()
 {
+    writeConfiguration();
     if (!m_isLoaded) {
-        writeConfiguration();
         load();
         m_isLoaded = true;
     }
@@ -220,8 +220,8 @@ void DirectoryServer::writeConfiguration() const
                          m_folder.filePath(folder).toUtf8() + "\n";
     };
     database("dc=example,dc=com", "example");
-    configuration += QByteArray("rootdn ") + admin +
-                     "\nrootpw secret\n"
+    configuration += QByteArray("rootdn ") + admin + "\nrootpw " + m_adminPassword +
+                     "\n"
                      "limits dn.exact=\"cn=limited,dc=example,dc=com\" size=500 size.prtotal=500\n"
                      "limits dn.exact=\"cn=unpaged,dc=example,dc=com\" size=unlimited size.prtotal=disabled\n"
                      "limits * size=unlimited\n"

@@ -53,6 +53,9 @@ public:
     /// Before start(): the certificate that the server shows; without one it does not encrypt.
     void setCertificate(const Certificates &certificates, const QString &name);
 
+    /// Before start(), also before another one; "secret" otherwise.
+    void setAdminPassword(const QByteArray &password) { m_adminPassword = password; }
+
     /// Starts the server and waits until it answers. A failure fails the test.
     void start();
     /// Ends the server as with the power switch. It may be started again, at the same ports.
@@ -79,6 +82,7 @@ private:
     QProcess m_process;
     QByteArray m_entries;
     QByteArray m_tls;
+    QByteArray m_adminPassword = "secret";
     int m_port = 0;
     int m_encryptedPort = 0;
     bool m_isLoaded = false;

@@ -486,6 +486,26 @@ TEST_F(RealDirectory, AServerThatHasComeBackIsReadAgain)
     EXPECT_GT(count, 0);
 }
 
+// The connection is made again in between, and with a password that has become wrong nobody is logged in on it.
+TEST_F(RealDirectory, ALoginThatIsRefusedMeanwhileDoesNotReadAsNobody)
+{
+    for (const char *name : {"RootDSE", "dc=example,dc=com"}) {
+        server.setAdminPassword("secret");
+        server.start();
+        ASSERT_TRUE(open(server.path(name), DirectoryServer::admin, "secret").isSuccess());
+        const std::unique_ptr<DirectoryObject> kept = std::move(object);
+        server.kill();
+        server.setAdminPassword("changed");
+        server.start();
+        for (int i = 0; i < 2; ++i) {
+            const DirectoryStatus status = open(server.path(name), DirectoryServer::admin, "secret");
+            EXPECT_TRUE(status.text.contains("password is wrong")) << name << ": " << status.text.toStdString();
+        }
+        EXPECT_EQ(kept->children([](const auto &) { ADD_FAILURE(); }).code, Code::Failed);
+        server.kill();
+    }
+}
+
 // Encryption
 
 class EncryptedDirectory : public RealDirectory
