@@ -2,6 +2,7 @@
 
 #include "browse/LdapUrl.h"
 #include "platform/ByteText.h"
+#include "platform/DirectoryPath.h"
 #include "platform/DistinguishedName.h"
 #include "platform/Messages.h"
 
@@ -27,7 +28,7 @@ void DirectoryAccess::setServer(const QString &host, const QString &userName, co
 {
     // What has been allowed was for that server and that password.
     if (host != m_host || userName != m_userName || password != m_password)
-        m_flags = Directory::None;
+        m_allowedAddress.reset();
     m_host = host;
     m_userName = userName;
     m_password = password;
@@ -40,11 +41,16 @@ QString DirectoryAccess::pathOf(const QString &distinguishedName) const
 
 DirectoryStatus DirectoryAccess::open(const QString &path, std::unique_ptr<DirectoryObject> &object)
 {
-    DirectoryStatus status = m_directory.OpenDSObject(path, m_userName, m_password, m_flags, m_goOn, object);
+    // An entry may be of another server than the one that is named now.
+    const std::optional<DirectoryPath> parsed = DirectoryPath::parse(path);
+    const bool isAllowed = parsed && parsed->address == m_allowedAddress;
+    const Directory::Flags flags = isAllowed ? Directory::MaySendUnencrypted : Directory::None;
+    DirectoryStatus status = m_directory.OpenDSObject(path, m_userName, m_password, flags, m_goOn, object);
     if (status.code != DirectoryStatus::Code::NotEncrypted || !maySendUnencrypted(status))
         return status;
-    m_flags = Directory::MaySendUnencrypted;
-    return m_directory.OpenDSObject(path, m_userName, m_password, m_flags, m_goOn, object);
+    if (parsed)
+        m_allowedAddress = parsed->address;
+    return m_directory.OpenDSObject(path, m_userName, m_password, Directory::MaySendUnencrypted, m_goOn, object);
 }
 
 DirectoryStatus DirectoryAccess::readNamingContexts(QStringList &contexts)

@@ -2,6 +2,8 @@
 
 #include "platform/Directory.h"
 
+#include <optional>
+
 class Messages;
 
 /// A directory server as one user sees it. The user is asked before a password leaves this machine unencrypted.
@@ -31,5 +33,6 @@ private:
     QString m_host;
     QString m_userName;
     QString m_password;
-    Directory::Flags m_flags = Directory::None;
+    /// The address to which the user lets the password be sent unencrypted.
+    std::optional<QString> m_allowedAddress;
 };

@@ -269,6 +269,26 @@ TEST_F(BrowseLDAPTest, APasswordIsSentUnencryptedOnlyWhenTheUserSaysSo)
     press(*picker, "Command1");
 }
 
+// A node of the tree may be of the server before.
+TEST_F(BrowseLDAPTest, WhatIsAllowedForOneServerIsNotForAnother)
+{
+    directory.isUnencrypted = true;
+    open();
+    press(*picker, "Command1");
+    enter("Host", "elsewhere");
+    enter("UserName", "cn=admin");
+    enter("Password", "secret");
+    messages.expectAsk("\"localhost\" does not encrypt the connection. Do you want to send the password unencrypted?",
+                       Messages::Buttons::YesOrElseNo, Messages::Answer::Yes);
+    node({"dc=example,dc=com"}).setExpanded(true);
+    EXPECT_EQ(directory.calls.last().flags, Directory::MaySendUnencrypted);
+
+    messages.expectShow(notConnected);
+    press(*picker, "Command1");
+    EXPECT_EQ(directory.calls.last().path, "LDAP://elsewhere/RootDSE");
+    EXPECT_EQ(directory.calls.last().flags, Directory::None);
+}
+
 // Waiting
 
 TEST_F(BrowseLDAPTest, WaitingIsSaidAndCancelEndsItOnly)
