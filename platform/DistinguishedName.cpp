@@ -38,6 +38,27 @@ QString takeBytes(const QString &text, qsizetype &at)
     return decodeBytes(bytes);
 }
 
+bool isPairAt(const QString &text, qsizetype at)
+{
+    return text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
+}
+
+/// A line of a configuration holds printable ASCII only. It has a form for other characters, but that does not become
+/// the character again.
+bool isSafeInUrl(QChar c)
+{
+    return c >= u' ' && c <= u'~' && c != u'?' && c != u'%';
+}
+
+/// The escapes of all bytes of a text.
+QString byteEscapes(const QString &text)
+{
+    QString escapes;
+    for (const char byte : encodeText(text))
+        escapes += QStringLiteral("\\%1").arg(uchar(byte), 2, 16, QLatin1Char('0')).toUpper();
+    return escapes;
+}
+
 /// Without blanks at the ends, except one that is escaped.
 QString trimmedName(const QString &name)
 {
@@ -126,13 +147,14 @@ QString nameForUrl(const QString &distinguishedName)
     QString result;
     for (qsizetype at = 0; at < distinguishedName.size();) {
         const bool isEscape = distinguishedName[at] == u'\\';
-        const qsizetype length = isEscape ? escapeLength(distinguishedName, at) : 1;
-        const QString piece = distinguishedName.mid(at, length);
-        const QChar last = piece.back();
-        if (last == u'?' || last == u'%')
-            result += last == u'?' ? QStringLiteral("\\3F") : QStringLiteral("\\25");
+        qsizetype length = isEscape ? escapeLength(distinguishedName, at) : 1;
+        const qsizetype character = at + length - 1;
+        if (isPairAt(distinguishedName, character))
+            ++length;
+        if (isSafeInUrl(distinguishedName[character]))
+            result += distinguishedName.mid(at, length);
         else
-            result += piece;
+            result += byteEscapes(distinguishedName.mid(character, at + length - character));
         at += length;
     }
     return result;

@@ -14,5 +14,6 @@
 /// separates the parts of a name of several values is still told from the same character in a value.
 [[nodiscard]] QString comparableName(const QString &relativeName);
 
-/// A distinguished name of the same meaning without "?" and "%", which mean something in a URL.
+/// A distinguished name of the same meaning without "?" and "%", which mean something in a URL, and of printable ASCII
+/// characters only, which stay as they are in a line of a configuration.
 [[nodiscard]] QString nameForUrl(const QString &distinguishedName);

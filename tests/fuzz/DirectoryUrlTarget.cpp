@@ -5,6 +5,7 @@
 
 #include <QDebug>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 
@@ -23,6 +24,8 @@ void requireName(const QString &name)
 {
     const QString safe = nameForUrl(name);
     require(!safe.contains(u'?') && !safe.contains(u'%'), "nothing in a name ends it");
+    require(std::all_of(safe.begin(), safe.end(), [](QChar c) { return c >= u' ' && c <= u'~'; }),
+            "a line of a configuration keeps a name as it is");
     require(nameForUrl(safe) == safe, "a safe name is left alone");
     for (const QString &part : relativeNames(name))
         require(comparableName(part) == comparableName(u' ' + part), "blanks in front of a name do not count");

@@ -78,6 +78,9 @@ TEST_F(BrowseServer, AnOddNameIsChosenAndFoundAgain)
     ASSERT_EQ(odd->childCount(), 1);
     tree().setCurrentItem(odd->child(0));
     press(picker, "OKButton");
+    // In a line other characters would become something else.
+    for (const QChar c : picker.url())
+        EXPECT_TRUE(c >= u' ' && c <= u'~') << picker.url().toStdString();
 
     BrowseLDAP again(directory, scrambler, messages, nullptr);
     again.SetItem(picker.url());

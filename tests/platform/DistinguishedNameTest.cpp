@@ -1,4 +1,6 @@
 #include "platform/DistinguishedName.h"
+
+#include "platform/ByteText.h"
 #include "tests/support/Random.h"
 
 #include <gtest/gtest.h>
@@ -83,12 +85,24 @@ TEST(DistinguishedNameTest, NamesForUrlsMeanTheSameAndHaveNoQuestionMarksAndPerc
     EXPECT_EQ(nameForUrl("cn=a\\,b,dc=x"), QString("cn=a\\,b,dc=x"));
 }
 
+TEST(DistinguishedNameTest, AUrlHasPrintableAsciiOnly)
+{
+    EXPECT_EQ(nameForUrl("cn=\xC3\xA9\xF0\x9F\x99\x82,dc=x"), QString("cn=\\C3\\A9\\F0\\9F\\99\\82,dc=x"));
+    EXPECT_EQ(nameForUrl("cn=a\nb\x7F"), QString("cn=a\\0Ab\\7F"));
+    // Behind a backslash that is not needed.
+    EXPECT_EQ(nameForUrl("cn=\\\xC3\xA9\\\xF0\x9F\x99\x82"), QString("cn=\\C3\\A9\\F0\\9F\\99\\82"));
+    // A byte that is no character stays that byte.
+    EXPECT_EQ(nameForUrl(decodeBytes("cn=\xE9")), QString("cn=\\E9"));
+    EXPECT_EQ(nameForUrl("cn= ~"), QString("cn= ~"));
+}
+
 // Any text, with many of the characters that mean something: nothing of it gets lost, and names that are put together
 // of parts that stand for themselves are taken apart into these.
 TEST(DistinguishedNameTest, AnyTextIsSplitWithoutALoss)
 {
     Random random(8);
-    const QStringList pieces{"a", "=", ",", "+", "\"", "\\", " ", "#", ";", "<", "?", "%", "2C", "\xC3\xA9"};
+    const QStringList pieces{"a", "=", ",", "+", "\"", "\\",       " ",  "#",
+                             ";", "<", "?", "%", "2C", "\xC3\xA9", "\n", "\xF0\x9F\x99\x82"};
     for (int run = 0; run < 3000; ++run) {
         const QString text = random.text(pieces, 24);
         const QStringList parts = relativeNames(text);
