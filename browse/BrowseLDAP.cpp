@@ -16,6 +16,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include <limits>
@@ -54,7 +55,9 @@ BrowseLDAP::BrowseLDAP(Directory &directory, PasswordScrambler &scrambler, Messa
     m_inputs << okButton;
     connect(okButton, &QPushButton::clicked, this, &BrowseLDAP::takeResult);
     connectControls();
-    resize(windowWidth * fontMetrics().averageCharWidth(), windowHeight * fontMetrics().height());
+    // On a small screen the buttons have to be seen too; the frame needs some of it.
+    const int mostHeight = screen()->availableSize().height() * 9 / 10;
+    resize(windowWidth * fontMetrics().averageCharWidth(), qMin(windowHeight * fontMetrics().height(), mostHeight));
     m_host->setFocus();
 }
 
