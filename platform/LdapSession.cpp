@@ -153,9 +153,7 @@ LdapAnswer LdapSession::await(int message, const Directory::GoOn &goOn) const
     }
     if (kind >= 0)
         return readAnswer(m_session, all.get());
-    int code = LDAP_OTHER;
-    (void)ldap_get_option(m_session, LDAP_OPT_ERROR_NUMBER, &code);
-    return failed(code);
+    return failed(LdapInterface::lastError(m_session));
 }
 
 LdapAnswer LdapSession::failed(int code) const

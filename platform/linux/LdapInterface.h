@@ -54,6 +54,14 @@ private:
     return code < 0;
 }
 
+/// The code of the last call that failed.
+[[nodiscard]] inline int lastError(LDAP *session)
+{
+    int code = LDAP_OTHER;
+    (void)ldap_get_option(session, LDAP_OPT_ERROR_NUMBER, &code);
+    return code;
+}
+
 inline void freeTexts(Character **texts)
 {
     ber_memvfree(reinterpret_cast<void **>(texts));

@@ -58,6 +58,15 @@ private:
     return code < 0 || code > LDAP_OTHER;
 }
 
+/// The code of the last call that failed.
+[[nodiscard]] inline int lastError(LDAP *session)
+{
+    int code = LDAP_OTHER;
+    (void)ldap_get_option(session, LDAP_OPT_ERROR_NUMBER, &code);
+    // Wine's library is made of another one and gives its code, which is none here.
+    return code == -1 ? LDAP_SERVER_DOWN : code;
+}
+
 inline void freeTexts(Character **texts)
 {
     ldap_value_free(texts);
