@@ -1,12 +1,12 @@
+#include "tests/integration/BrokenPipes.h"
 #include "tests/integration/DirectoryFixture.h"
+#include "tests/integration/SilentServer.h"
 #include "tests/support/Printers.h"
 
 #include <QElapsedTimer>
 #include <QSet>
 
 #include <gtest/gtest.h>
-
-#include <csignal>
 
 namespace {
 
@@ -398,8 +398,7 @@ TEST_F(RealDirectory, AServerThatHasEndedInTheMiddleIsAFailure)
 TEST_F(RealDirectory, AConnectionThatIsCutOffDoesNotEndTheProgram)
 {
     server.start();
-    // As it is when a program starts.
-    (void)std::signal(SIGPIPE, SIG_DFL);
+    letBrokenPipesEndTheProgram();
     ASSERT_TRUE(open(server.path("dc=example,dc=com")).isSuccess());
     server.halt();
     const std::unique_ptr<DirectoryObject> kept = std::move(object);

@@ -1,7 +1,9 @@
+#include "tests/integration/Certificates.h"
 #include "tests/integration/DirectoryFixture.h"
 #include "tests/support/Printers.h"
 
 #include <QSet>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -15,7 +17,7 @@ protected:
     void startWith(const QString &names, int days = 30)
     {
         certificates.make("server", names, days);
-        server.setCertificate(certificates, "server");
+        server.setCertificate(certificates.certificate("server"), certificates.key("server"));
         server.start();
         limits.trustedCertificates = certificates.issuer();
         limits.encryptedPort = server.encryptedPort();
@@ -87,7 +89,7 @@ TEST_F(EncryptedDirectory, AServerThatEndsInTheMiddleOfAnEncryptedConnectionIsAF
 TEST_F(EncryptedDirectory, ACertificateThatIsItsOwnIssuerIsGoodWhereItIsTrusted)
 {
     certificates.makeSelfSigned("self", loopbackNames);
-    server.setCertificate(certificates, "self");
+    server.setCertificate(certificates.certificate("self"), certificates.key("self"));
     server.start();
     limits.trustedCertificates = certificates.certificate("self");
     limits.encryptedPort = server.encryptedPort();
@@ -124,7 +126,7 @@ TEST_F(EncryptedDirectory, TheSystemDoesNotTrustTheIssuerOfATest)
 TEST_F(EncryptedDirectory, ACertificateThatIsItsOwnIssuerIsRefused)
 {
     certificates.makeSelfSigned("self", loopbackNames);
-    server.setCertificate(certificates, "self");
+    server.setCertificate(certificates.certificate("self"), certificates.key("self"));
     server.start();
     limits.trustedCertificates = certificates.issuer();
     limits.encryptedPort = server.encryptedPort();
