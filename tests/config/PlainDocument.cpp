@@ -109,6 +109,15 @@ void Document::toggleComments()
     }
 }
 
+void Document::rewrite(const QStringList &texts)
+{
+    remember();
+    rows.clear();
+    for (const QString &text : texts)
+        rows.append({text});
+    current = -1;
+}
+
 void Document::paste(const QStringList &lines)
 {
     int at = current < 0 ? int(rows.size()) : current;

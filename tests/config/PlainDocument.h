@@ -32,6 +32,8 @@ public:
     bool moveUp();
     bool moveDown();
     void toggleComments();
+    /// One step that leaves these texts; nothing is selected then.
+    void rewrite(const QStringList &texts);
     /// Without an undo step; the older ones are not known to fit any more.
     void paste(const QStringList &lines);
 

@@ -29,6 +29,10 @@ void FakeMessages::verify()
 
 void FakeMessages::show(const QString &text, Icon icon, const QString &title)
 {
+    if (standIn) {
+        standIn->show(text, icon, title);
+        return;
+    }
     if (m_expected.empty()) {
         ADD_FAILURE() << "unexpected message: " << text.toStdString();
         return;
@@ -41,8 +45,10 @@ void FakeMessages::show(const QString &text, Icon icon, const QString &title)
     EXPECT_EQ(title, expected.title);
 }
 
-Messages::Answer FakeMessages::ask(const QString &text, Buttons buttons, Icon, const QString &)
+Messages::Answer FakeMessages::ask(const QString &text, Buttons buttons, Icon icon, const QString &title)
 {
+    if (standIn)
+        return standIn->ask(text, buttons, icon, title);
     if (m_expected.empty()) {
         ADD_FAILURE() << "unexpected question: " << text.toStdString();
         return Answer::Cancel;

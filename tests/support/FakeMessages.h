@@ -23,6 +23,9 @@ public:
     /// Whether something expected has not come yet.
     [[nodiscard]] bool isExpecting() const { return !m_expected.empty(); }
 
+    /// Who is told and asked instead, while it is set; nothing has to be expected then.
+    Messages *standIn = nullptr;
+
     void show(const QString &text, Icon icon, const QString &title) override;
     [[nodiscard]] Answer ask(const QString &text, Buttons buttons, Icon icon, const QString &title) override;
 
