@@ -10,9 +10,10 @@ import time
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi  # noqa: E402
+from gi.repository import Atspi, GLib  # noqa: E402
 
-PATIENCE = 20
+# In seconds; what is waited for comes at once, but the machine may be busy.
+PATIENCE = 60
 SCREEN = (1280, 1024)
 # The main window shows a maximised document in its title; messages have the program's name alone.
 MAIN = "ZentilConf - "
@@ -25,7 +26,11 @@ class Failure(AssertionError):
 def until(question, what):
     """Waits until question() gives something, and returns it."""
     end = time.monotonic() + PATIENCE
+    events = GLib.MainContext.default()
     while True:
+        # What programs have told since the last look, that they have begun or ended among it.
+        while events.iteration(False):
+            pass
         answer = question()
         if answer:
             return answer
@@ -62,6 +67,9 @@ class Desktop:
             os.environ["DISPLAY"] = f":{number.readline().strip()}"
         self.start("openbox")
         until(lambda: self.xdotool("get_desktop", check=False).returncode == 0, "the window manager")
+        # A program that asks for the accessibility bus before that stands does without it.
+        until(self._has_accessibility_bus, "the accessibility bus")
+        Atspi.get_desktop(0).get_child_count()
 
     def __enter__(self):
         return self
@@ -80,6 +88,12 @@ class Desktop:
         if process.poll() is None:
             process.send_signal(signal.SIGTERM)
         process.wait(PATIENCE)
+
+    @staticmethod
+    def _has_accessibility_bus():
+        bus = ["--session", "--dest", "org.a11y.Bus", "--object-path", "/org/a11y/bus"]
+        call = ["gdbus", "call", *bus, "--method", "org.a11y.Bus.GetAddress"]
+        return subprocess.run(call, capture_output=True).returncode == 0
 
     @staticmethod
     def xdotool(*arguments, check=True):
