@@ -5,6 +5,8 @@ import os
 import pathlib
 import signal
 import subprocess
+import sys
+import tempfile
 import time
 
 import gi
@@ -39,8 +41,19 @@ def until(question, what):
         time.sleep(0.05)
 
 
+def on_own_bus():
+    """Begins the script again within message buses of its own, unless it is there already. The socket of the
+    accessibility bus stands in the runtime folder: with one each, several scripts may run at once."""
+    if "ZENTILCONF_OWN_BUS" in os.environ:
+        return
+    with tempfile.TemporaryDirectory(prefix="zentilconf-bus.") as runtime:
+        environment = os.environ | {"ZENTILCONF_OWN_BUS": "1", "XDG_RUNTIME_DIR": runtime, "HOME": runtime}
+        session = ["dbus-run-session", "--", sys.executable, *sys.argv]
+        sys.exit(subprocess.run(session, env=environment).returncode)
+
+
 class Desktop:
-    """Has to be made within a message bus of its own; see whole_program_test."""
+    """Has to be made within a message bus of its own; see on_own_bus()."""
 
     def __init__(self, folder):
         self.folder = pathlib.Path(folder)
