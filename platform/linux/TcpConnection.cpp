@@ -2,9 +2,6 @@
 
 #include "platform/LdapPatience.h"
 
-#include <QByteArray>
-
-#include <netdb.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <poll.h>
@@ -12,7 +9,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <memory>
 #include <utility>
 
 namespace {
@@ -49,6 +45,13 @@ TcpConnection failed(int error)
     return failed(qt_error_string(error));
 }
 
+/// What a wait that has not brought anything means.
+TcpConnection ended(LdapPatience::End end)
+{
+    const bool isCancelled = end == LdapPatience::End::Cancelled;
+    return {isCancelled ? TcpConnection::Code::Cancelled : TcpConnection::Code::TimedOut, {}, -1};
+}
+
 /// 0 when connected, EINPROGRESS as long as that goes on, otherwise what is wrong.
 int connectionError(int socket, std::chrono::milliseconds patience)
 {
@@ -71,10 +74,8 @@ TcpConnection connectTo(const addrinfo &address, const LdapPatience &patience)
             error = connectionError(made.number(), piece);
             return error != EINPROGRESS;
         });
-        if (end == LdapPatience::End::TimedOut)
-            return {TcpConnection::Code::TimedOut, {}, -1};
-        if (end == LdapPatience::End::Cancelled)
-            return {TcpConnection::Code::Cancelled, {}, -1};
+        if (end != LdapPatience::End::Done)
+            return ended(end);
     }
     if (error != 0)
         return failed(error);
@@ -88,21 +89,20 @@ TcpConnection connectTo(const addrinfo &address, const LdapPatience &patience)
 } // namespace
 
 TcpConnection TcpConnection::open(const QString &host, int port, std::chrono::milliseconds limit,
-                                  const Directory::GoOn &goOn)
+                                  const Directory::GoOn &goOn, HostLookup::Find find)
 {
-    addrinfo wanted{};
-    wanted.ai_socktype = SOCK_STREAM;
-    addrinfo *found = nullptr;
-    const int error = getaddrinfo(host.toLatin1().constData(), QByteArray::number(port).constData(), &wanted, &found);
-    if (error == EAI_SYSTEM)
-        return failed(errno);
-    if (error != 0)
-        return failed(QString::fromLocal8Bit(gai_strerror(error)));
-    const std::unique_ptr<addrinfo, decltype(&freeaddrinfo)> addresses(found, freeaddrinfo);
-
     const LdapPatience patience(limit, goOn);
+    HostLookup lookup(host, port, find);
+    const LdapPatience::End end =
+        patience.waitFor([&](std::chrono::milliseconds piece) { return lookup.waitFor(piece); });
+    if (end != LdapPatience::End::Done)
+        return ended(end);
+    const HostLookup::Result found = lookup.take();
+    if (!found.addresses)
+        return failed(found.text);
+
     TcpConnection result = failed(EHOSTUNREACH);
-    for (const addrinfo *address = found; address; address = address->ai_next) {
+    for (const addrinfo *address = found.addresses.get(); address; address = address->ai_next) {
         result = connectTo(*address, patience);
         if (result.code != Code::Failed)
             break;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Directory.h"
+#include "platform/linux/HostLookup.h"
 
 #include <QString>
 
@@ -18,8 +19,8 @@ struct TcpConnection
     /// With Success: the socket, which belongs to whoever takes it; it does not wait in its calls. Otherwise -1.
     int socket = -1;
 
-    /// Tries the addresses of the host one after the other. The limit is for all of them, and does not count the time
-    /// that the system takes to find the addresses.
+    /// Tries the addresses of the host one after the other. The limit is for finding them and for all of
+    /// them together.
     [[nodiscard]] static TcpConnection open(const QString &host, int port, std::chrono::milliseconds limit,
-                                            const Directory::GoOn &goOn);
+                                            const Directory::GoOn &goOn, HostLookup::Find find = getaddrinfo);
 };
