@@ -1,38 +1,16 @@
-#include "config/FormOwner.h"
 #include "platform/RuntimeError.h"
 #include "tests/config/DocumentFixture.h"
 
-#include <QAbstractItemModelTester>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QLabel>
-#include <QPaintEngine>
-#include <QPainter>
+#include <QGuiApplication>
 #include <QPushButton>
-#include <QScrollBar>
-#include <QTest>
 #include <QTimer>
 #include <QWindow>
-
-#include <cmath>
 
 namespace {
 
 const QString path = documentPath;
-const QString question = QStringLiteral("The configuration has changed. Save changes before closing?");
-
-struct FakeOwner final : FormOwner
-{
-    void Form_Load() override
-    {
-        ++loads;
-        if (onLoad)
-            onLoad();
-    }
-
-    int loads = 0;
-    std::function<void()> onLoad;
-};
 
 // Creating the window
 
@@ -141,7 +119,7 @@ TEST_F(Document, ReloadWithANonZeroAcceptModeLeavesItMarkedAsChanged)
     form->Reload();
     EXPECT_EQ(form->changed(), 7);
     EXPECT_EQ(form->AcceptMode(), 7);
-    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::No);
+    messages.expectAsk(closeQuestion, Messages::Buttons::YesNoCancel, Messages::Answer::No);
     EXPECT_TRUE(form->close());
 }
 
@@ -276,7 +254,7 @@ TEST_F(Document, AnErrorOfTheApplyButtonOrOfClosingDoesNotPassThroughTheToolkit)
     messages.expectShow("Run-time error '61':\n\nDisk full\n\n" + path, Messages::Icon::Critical);
     press(*form, "ApplyButton");
     messages.verify();
-    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::Yes);
+    messages.expectAsk(closeQuestion, Messages::Buttons::YesNoCancel, Messages::Answer::Yes);
     messages.expectShow("Run-time error '61':\n\nDisk full\n\n" + path, Messages::Icon::Critical);
     EXPECT_FALSE(form->close());
 }
@@ -438,139 +416,6 @@ TEST_F(Document, ActivationCountsOnce)
     EXPECT_EQ(shell.status, "main");
 }
 
-// Closing
-
-class Closing : public Document
-{
-protected:
-    Closing()
-    {
-        load("a\r\n");
-        form->setOwner(&owner, -1);
-        form->activateDocument();
-        showActive(*form);
-    }
-
-    [[nodiscard]] bool isOpen() const { return form && form->isVisible(); }
-
-    FakeOwner owner;
-};
-
-TEST_F(Closing, AnUnchangedDocumentAsksNothing)
-{
-    EXPECT_TRUE(form->close());
-    EXPECT_FALSE(isOpen());
-    EXPECT_EQ(files.writes, 0);
-    EXPECT_EQ(owner.loads, 1);
-    EXPECT_FALSE(shell.menus["mnuItem"]);
-    EXPECT_FALSE(shell.buttons["Copy"]);
-}
-
-TEST_F(Closing, YesSavesAndCloses)
-{
-    form->setChanged(-1);
-    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::Yes);
-    EXPECT_TRUE(form->close());
-    EXPECT_FALSE(isOpen());
-    EXPECT_EQ(files.writes, 1);
-    EXPECT_EQ(owner.loads, 1);
-}
-
-TEST_F(Closing, NoClosesWithoutSaving)
-{
-    form->setChanged(-1);
-    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::No);
-    EXPECT_TRUE(form->close());
-    EXPECT_FALSE(isOpen());
-    EXPECT_EQ(files.writes, 0);
-    EXPECT_EQ(owner.loads, 1);
-}
-
-TEST_F(Closing, CancelKeepsItOpen)
-{
-    form->setChanged(-1);
-    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::Cancel);
-    EXPECT_FALSE(form->close());
-    EXPECT_TRUE(isOpen());
-    EXPECT_EQ(files.writes, 0);
-    EXPECT_EQ(owner.loads, 0);
-    EXPECT_TRUE(shell.menus["mnuItem"]);
-    EXPECT_EQ(form->changed(), -1);
-}
-
-TEST_F(Closing, AfterCancelItAsksAgain)
-{
-    form->setChanged(-1);
-    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::Cancel);
-    EXPECT_FALSE(form->close());
-    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::No);
-    EXPECT_TRUE(form->close());
-}
-
-TEST_F(Closing, AnErrorWhileSavingKeepsItOpen)
-{
-    form->setChanged(-1);
-    files.writeError = RuntimeError(RuntimeError::DiskFull, path);
-    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::Yes);
-    messages.expectShow("Run-time error '61':\n\nDisk full\n\n" + path, Messages::Icon::Critical);
-    EXPECT_FALSE(form->close());
-    EXPECT_TRUE(isOpen());
-    EXPECT_EQ(form->changed(), -1);
-    EXPECT_EQ(owner.loads, 0);
-    EXPECT_TRUE(shell.menus["mnuItem"]);
-}
-
-TEST_F(Closing, TheOwnersFormLoadFollowsTheSave)
-{
-    int writesBefore = -1;
-    owner.onLoad = [&] { writesBefore = files.writes; };
-    form->setChanged(-1);
-    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::Yes);
-    EXPECT_TRUE(form->close());
-    EXPECT_EQ(writesBefore, 1);
-}
-
-TEST_F(Closing, WithoutItsFlagTheOwnerIsNotCalled)
-{
-    form->setOwner(&owner, 0);
-    EXPECT_TRUE(form->close());
-    EXPECT_EQ(owner.loads, 0);
-}
-
-TEST_F(Closing, WithoutAnOwnerNothingIsCalled)
-{
-    form->setOwner(nullptr, -1);
-    EXPECT_TRUE(form->close());
-    EXPECT_EQ(owner.loads, 0);
-}
-
-TEST_F(Closing, OnceAgreedClosingAsksNoMore)
-{
-    form->setChanged(-1);
-    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::No);
-    EXPECT_TRUE(form->queryClose());
-    EXPECT_TRUE(form->close());
-    EXPECT_EQ(owner.loads, 1);
-}
-
-TEST_F(Closing, WhatWasAgreedCanBeTakenBack)
-{
-    form->setChanged(-1);
-    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::No);
-    EXPECT_TRUE(form->queryClose());
-    form->forgetCloseAgreed();
-    messages.expectAsk(question, Messages::Buttons::YesNoCancel, Messages::Answer::Cancel);
-    EXPECT_FALSE(form->close());
-}
-
-TEST_F(Closing, TheCloseButtonAsksForTheWindowToClose)
-{
-    int requests = 0;
-    QObject::connect(form, &ConfigForm::closeRequested, form, [&] { ++requests; });
-    press(*form, "CloseButton");
-    EXPECT_EQ(requests, 1);
-}
-
 // The remote host
 
 TEST_F(Document, AHostThatMeansNoneKeepsRemoteConnectFlagHidden)
@@ -608,161 +453,6 @@ TEST_F(Document, ACaptionThatLooksLikeTheMarkTwiceIsShownAsItIs)
     form->setCaption(caption);
     showActive(*form);
     EXPECT_TRUE(form->windowHandle()->title().contains(caption)) << form->windowHandle()->title().toStdString();
-}
-
-// The list
-
-TEST_F(Document, ItsRowsKeepTheRulesOfAModel)
-{
-    const QAbstractItemModelTester tester(list().model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
-    load(numberedLines(150));
-    files.content[path] = "a\r\n";
-    form->Reload();
-    files.content[path].clear();
-    form->Reload();
-    EXPECT_EQ(list().model()->rowCount(), 0);
-}
-
-TEST_F(Document, TheHorizontalExtentIsTheWidestRowBehindTwoSpaces)
-{
-    load("short\r\nthe widest of all these rows\r\nmiddle row\r\n");
-    EXPECT_EQ(list().horizontalExtent(), extentOf("the widest of all these rows"));
-    files.content[path] = "tiny\r\n";
-    form->Reload();
-    EXPECT_EQ(list().horizontalExtent(), extentOf("tiny"));
-}
-
-TEST_F(Document, ALongLineCanBeScrolledIntoView)
-{
-    load(QByteArray(500, 'x') + "\r\n");
-    form->resize(400, 300);
-    showActive(*form);
-    const QScrollBar *bar = list().horizontalScrollBar();
-    EXPECT_EQ(bar->maximum(), extentOf(QString(500, u'x')) - list().viewport()->width());
-}
-
-TEST_F(Document, TheListTakesTheRoomAndTheButtonsKeepTheirSize)
-{
-    showActive(*form);
-    form->resize(500, 400);
-    QCoreApplication::processEvents();
-    const QSize listBefore = list().size();
-    const QSize buttonBefore = control<QPushButton>(*form, "EditButton")->size();
-    form->resize(700, 500);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(list().size(), listBefore + QSize(200, 100));
-    EXPECT_EQ(control<QPushButton>(*form, "EditButton")->size(), buttonBefore);
-}
-
-// Painting
-
-/// A paint device that remembers the texts that were laid out for it.
-class TextRecorder final : public QPaintDevice
-{
-public:
-    [[nodiscard]] QPaintEngine *paintEngine() const override { return &m_engine; }
-    [[nodiscard]] const QString &text() const { return m_engine.text; }
-
-protected:
-    [[nodiscard]] int metric(PaintDeviceMetric metric) const override
-    {
-        switch (metric) {
-        case PdmWidth:
-        case PdmHeight:
-            return 2000;
-        case PdmDpiX:
-        case PdmDpiY:
-        case PdmPhysicalDpiX:
-        case PdmPhysicalDpiY:
-            return 96;
-        case PdmDevicePixelRatio:
-            return 1;
-        default:
-            return QPaintDevice::metric(metric);
-        }
-    }
-
-private:
-    class Engine final : public QPaintEngine
-    {
-    public:
-        Engine()
-            : QPaintEngine(AllFeatures)
-        {
-        }
-        bool begin(QPaintDevice *) override { return true; }
-        bool end() override { return true; }
-        void updateState(const QPaintEngineState &) override {}
-        void drawPixmap(const QRectF &, const QPixmap &, const QRectF &) override {}
-        void drawPolygon(const QPointF *, int, PolygonDrawMode) override {}
-        void drawPath(const QPainterPath &) override {}
-        void drawTextItem(const QPointF &, const QTextItem &item) override { text += item.text(); }
-        [[nodiscard]] Type type() const override { return User; }
-
-        QString text;
-    };
-
-    mutable Engine m_engine;
-};
-
-class Painting : public Document
-{
-protected:
-    /// The text that painting the row lays out, with the list scrolled sideways by so many pixels.
-    [[nodiscard]] QString paintedText(int row, int scrolled = 0)
-    {
-        form->resize(600, 300);
-        showActive(*form);
-        list().horizontalScrollBar()->setValue(scrolled);
-        QStyleOptionViewItem option;
-        option.initFrom(&list());
-        option.font = list().font();
-        option.widget = &list();
-        const QModelIndex index = list().model()->index(row, 0);
-        option.rect = list().visualRect(index);
-        TextRecorder recorder;
-        QPainter painter(&recorder);
-        list().itemDelegate()->paint(&painter, option, index);
-        painter.end();
-        return recorder.text();
-    }
-};
-
-TEST_F(Painting, ShowsARowsText)
-{
-    load("C:\\Windows ABC\r\n");
-    EXPECT_EQ(paintedText(0), "C:\\Windows ABC");
-}
-
-TEST_F(Painting, OfARowOfAMegabyteOnlyWhatIsSeenIsLaidOut)
-{
-    const int length = 1 << 20;
-    load(QByteArray(length - 3, 'x') + "end\r\n");
-    const int seen = int(list().width() / QFontMetricsF(list().font()).horizontalAdvance(u'x'));
-    const QString atStart = paintedText(0);
-    EXPECT_FALSE(atStart.isEmpty());
-    EXPECT_LE(atStart.size(), 2000);
-    const QString inside = paintedText(0, list().horizontalExtent() / 2);
-    EXPECT_FALSE(inside.isEmpty());
-    EXPECT_LE(inside.size(), 2000);
-    EXPECT_TRUE(paintedText(0, list().horizontalExtent()).endsWith("end"));
-    EXPECT_LE(seen, 2000);
-}
-
-TEST_F(Painting, ControlCharactersAreSeen)
-{
-    load(QByteArrayLiteral("a\0b\x1B\x7F\tc\r\n"));
-    EXPECT_EQ(paintedText(0), QStringLiteral("a␀b␛␡ c"));
-    EXPECT_EQ(form->rowList().rows().first(), QString::fromLatin1("a\0b\x1B\x7F\tc", 7));
-}
-
-TEST_F(Painting, BytesThatAreNotUtf8AreShownAsTheirWindowsCharacters)
-{
-    load("price \x80 \xE4 \x93quoted\x94\r\n");
-    EXPECT_EQ(paintedText(0), QStringLiteral("price € ä “quoted”"));
-    EXPECT_EQ(list().model()->index(0, 0).data().toString(), QStringLiteral("price € ä “quoted”"));
-    form->Form_Save_Data();
-    EXPECT_EQ(files.content[path], "price \x80 \xE4 \x93quoted\x94\r\n");
 }
 
 // What editors call

@@ -17,6 +17,7 @@
 #include <cmath>
 
 const QString documentPath = QStringLiteral("/configs/server.zcf");
+const QString closeQuestion = QStringLiteral("The configuration has changed. Save changes before closing?");
 
 inline QByteArray numberedLines(int count)
 {

@@ -162,6 +162,9 @@ private:
     return [=](const Interruption::Call &call) { return call.number >= n ? error : 0; };
 }
 
+/// The exit code of a process that has come to the call at which it was to end.
+constexpr int endedCode = 77;
+
 /// The process ends in place of its n-th call.
 [[nodiscard]] inline auto endAt(int n, int exitCode)
 {
