@@ -3,6 +3,7 @@ accessibility interface and used with keys and mouse, as a person with a screen 
 import contextlib
 import os
 import pathlib
+import re
 import signal
 import subprocess
 import sys
@@ -17,6 +18,8 @@ from gi.repository import Atspi, GLib  # noqa: E402
 # In seconds; what is waited for comes at once, but the machine may be busy.
 PATIENCE = 60
 SCREEN = (1280, 1024)
+# What the window manager puts around a window, in pixels.
+MOST_BORDER, MOST_TITLE = 10, 40
 # The main window shows a maximised document in its title; messages have the program's name alone.
 MAIN = "ZentilConf - "
 
@@ -119,12 +122,38 @@ class Desktop:
         self.xdotool("type", "--clearmodifiers", "--delay", "5", text)
 
     def click(self, node, times=1, button=1):
+        until(lambda: self._point_at(node), f'"{node.get_name()}" stands still')
+        self.xdotool("click", "--repeat", str(times), "--delay", "20", str(button))
+
+    def _point_at(self, node):
+        """Moves the mouse there. @return whether it is: a window tells of its controls before the window manager has
+        given it a place, and for a moment tells of the place before."""
+        extents = self._extents(node)
+        x, y, width, height = extents
+        # Of what has a mark that one, not the empty end of the row.
+        marked = node.get_role() in (Atspi.Role.CHECK_BOX, Atspi.Role.RADIO_BUTTON, Atspi.Role.LIST_ITEM)
+        self.xdotool("mousemove", str(x + (8 if marked else width // 2)), str(y + height // 2))
+        below = re.search(r"window:(\d+)", self.xdotool("getmouselocation").stdout)[1]
+        shown = self.xdotool("getwindowgeometry", "--shell", below, check=False).stdout
+        frame = [int(number) for number in re.findall(r"^(?:X|Y|WIDTH|HEIGHT)=(-?\d+)", shown, re.M)]
+        around = node
+        while around and not self._fits(self._extents(around), frame):
+            around = around.get_parent()
+        return around is not None and self._extents(node) == extents
+
+    @staticmethod
+    def _fits(window, frame):
+        """Whether a window of these extents has this frame, which is what the display knows of it."""
+        if len(frame) < 4:
+            return False
+        sides = (window[0] - frame[0], frame[0] + frame[2] - window[0] - window[2])
+        ends = (window[1] - frame[1], frame[1] + frame[3] - window[1] - window[3])
+        return all(0 <= side <= MOST_BORDER for side in sides) and all(0 <= end <= MOST_TITLE for end in ends)
+
+    @staticmethod
+    def _extents(node):
         extents = node.get_extents(Atspi.CoordType.SCREEN)
-        x, y = extents.x + extents.width // 2, extents.y + extents.height // 2
-        if node.get_role() in (Atspi.Role.CHECK_BOX, Atspi.Role.RADIO_BUTTON, Atspi.Role.LIST_ITEM):
-            # The mark, not the empty end of the row.
-            x = extents.x + 8
-        self.xdotool("mousemove", str(x), str(y), "click", "--repeat", str(times), "--delay", "20", str(button))
+        return extents.x, extents.y, extents.width, extents.height
 
     def picture(self, path):
         """What is on the screen now, for whoever looks for the cause of a failure."""
