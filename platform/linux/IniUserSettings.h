@@ -6,10 +6,8 @@
 
 class FileAccess;
 
-/// The per-user settings in an ini file below the XDG configuration folder, which a person may edit too: a line
-/// "[section]", below it lines "key=text". A control character or a blank at either end of a text is written as "\u"
-/// and four hexadecimal digits, a backslash as two; a backslash before anything else stands for itself. Lines that are
-/// none of these stay where they are.
+/// The per-user settings in an ini file below the XDG configuration folder, of the form that IniLines has. Several
+/// programs may store at once: each waits for the others, up to two seconds.
 class IniUserSettings final : public UserSettings
 {
 public:

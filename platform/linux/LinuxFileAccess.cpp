@@ -6,6 +6,7 @@
 #include "platform/linux/FileHandle.h"
 #include "platform/linux/UnfinishedWrite.h"
 #include "platform/RuntimeError.h"
+#include "platform/UnfinishedContent.h"
 
 #include <fcntl.h>
 
@@ -176,9 +177,7 @@ void LinuxFileAccess::writeInPlace(const QByteArray &target, const FileHandle &f
             keepMode(file, status);
         } catch (const RuntimeError &) {
             throw RuntimeError(static_cast<RuntimeError::Number>(error.number()), error.path(),
-                               QStringLiteral("A copy is kept in \"%1\". The write is brought to its end when the "
-                                              "file is opened here again.")
-                                   .arg(decodeBytes(copy.path())));
+                               keptCopyText(decodeBytes(copy.path())));
         }
         copy.drop();
         throw;

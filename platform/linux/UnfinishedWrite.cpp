@@ -1,5 +1,7 @@
 #include "platform/linux/UnfinishedWrite.h"
 
+#include "platform/UnfinishedContent.h"
+
 #include <fcntl.h>
 #include <sys/file.h>
 
@@ -9,62 +11,11 @@
 
 namespace {
 
-// A copy begins with lines of text, so that a person who finds it can tell what it is: this one, the file's path, the
-// two sizes. The old bytes and the new bytes follow.
-constexpr QByteArrayView firstLine("ZentilConf: content of a file while it was written in place");
-
-struct Content
-{
-    QByteArray before;
-    QByteArray after;
-};
-
-std::optional<QByteArray> takeLine(QByteArray &bytes)
-{
-    const qsizetype end = bytes.indexOf('\0');
-    if (end < 0)
-        return std::nullopt;
-    const QByteArray line = bytes.first(end);
-    bytes.remove(0, end + 1);
-    return line;
-}
-
-std::optional<Content> parseCopy(QByteArray bytes)
-{
-    const auto first = takeLine(bytes);
-    const auto target = takeLine(bytes);
-    const auto sizeBefore = takeLine(bytes);
-    const auto sizeAfter = takeLine(bytes);
-    if (first != firstLine || !target || !sizeBefore || !sizeAfter)
-        return std::nullopt;
-    const qsizetype before = sizeBefore->toLongLong();
-    const qsizetype after = sizeAfter->toLongLong();
-    if (before < 0 || after < 0 || before + after != bytes.size())
-        return std::nullopt;
-    return Content{bytes.first(before), bytes.sliced(before)};
-}
-
 /// Whether a file that cannot be opened is one that is none of this user's business, or is not there at all. Any other
 /// reason may be over in a moment, and says nothing about the file.
 bool isNotOurs(int error)
 {
     return error == ENOENT || error == ENOTDIR || error == ELOOP || error == EACCES || error == EPERM || error == EROFS;
-}
-
-/// True for bytes that a write of content.after over content.before can have left behind, and nothing else: each byte
-/// is the old one, the new one or, behind the old end, not yet written.
-bool isCutOff(const QByteArray &bytes, const Content &content)
-{
-    const auto [shorter, longer] = std::minmax({content.before.size(), content.after.size()});
-    if (bytes.size() < shorter || bytes.size() > longer || bytes == content.before || bytes == content.after)
-        return false;
-    for (qsizetype at = 0; at < bytes.size(); ++at) {
-        const bool isOld = at < content.before.size() ? bytes[at] == content.before[at] : bytes[at] == '\0';
-        const bool isNew = at < content.after.size() && bytes[at] == content.after[at];
-        if (!isOld && !isNew)
-            return false;
-    }
-    return true;
 }
 
 } // namespace
@@ -83,9 +34,7 @@ void UnfinishedWrite::keep(const QByteArray &target, const QByteArray &before, Q
     const QByteArray draft = m_path + ".new";
     try {
         FileHandle copy = FileHandle::open(m_calls, draft, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0600);
-        const auto line = [](QByteArrayView text) { return text.toByteArray() + '\0'; };
-        copy.write(line(firstLine) + line(target) + line(QByteArray::number(before.size())) +
-                   line(QByteArray::number(after.size())));
+        copy.write(UnfinishedContent::heading(target, before.size(), after.size()));
         copy.write(before);
         copy.write(after);
         copy.sync();
@@ -137,8 +86,8 @@ void UnfinishedWrite::mend(const FileHandle &file)
             return;
         FileHandle::raise(copy.error(), m_path);
     }
-    const std::optional<Content> content = parseCopy(copy.readAll());
-    if (content && isCutOff(file.readAll(), *content))
+    const std::optional<UnfinishedContent> content = UnfinishedContent::fromCopy(copy.readAll());
+    if (content && content->isCutOff(file.readAll()))
         file.replaceContent(content->after);
     drop();
 }

@@ -1,7 +1,7 @@
 #include "platform/windows/UnfinishedWrite.h"
 
 #include "platform/ByteText.h"
-#include "platform/windows/UnfinishedContent.h"
+#include "platform/UnfinishedContent.h"
 
 #include <optional>
 
@@ -30,7 +30,9 @@ void UnfinishedWrite::keep(const WindowsPath &target, const QByteArray &before, 
     try {
         WindowsFile copy =
             WindowsFile::open(m_calls, draft, {.access = GENERIC_WRITE, .share = 0, .disposition = CREATE_ALWAYS});
-        copy.write(UnfinishedContent{encodeText(target.shown()), before, after.toByteArray()}.toBytes());
+        copy.write(UnfinishedContent::heading(encodeText(target.shown()), before.size(), after.size()));
+        copy.write(before);
+        copy.write(after);
         copy.sync();
         copy.close();
         if (!m_calls.moveFile(draft.native(), m_path.native(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
@@ -54,7 +56,7 @@ void UnfinishedWrite::finish(const WindowsPath &target)
             m_calls, m_path, {.access = GENERIC_READ, .share = FILE_SHARE_READ, .disposition = OPEN_EXISTING});
         if (!copy.isOpen())
             return;
-        content = UnfinishedContent::fromBytes(copy.readAll());
+        content = UnfinishedContent::fromCopy(copy.readAll());
     }
     // Where the file may not be written, it was not this user's write that was cut off. Where another program has it
     // open for writing, it is being written right now.

@@ -1,6 +1,7 @@
 #include "platform/windows/WindowsFileAccess.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/UnfinishedContent.h"
 #include "platform/windows/NoMediumQuestions.h"
 #include "platform/windows/UnfinishedWrite.h"
 #include "platform/windows/WindowsDraft.h"
@@ -195,9 +196,7 @@ void WindowsFileAccess::writeInPlace(const WindowsPath &target, QByteArrayView b
             file.replaceContent(before);
         } catch (const RuntimeError &) {
             throw RuntimeError(static_cast<RuntimeError::Number>(error.number()), error.path(),
-                               QStringLiteral("A copy is kept in \"%1\". The write is brought to its end when the "
-                                              "file is opened here again.")
-                                   .arg(copy.path()));
+                               keptCopyText(copy.path()));
         }
         copy.drop();
         throw;

@@ -99,69 +99,6 @@ TEST_F(IniUserSettingsTest, FileCanBeReadByAPerson)
     EXPECT_EQ(bytes(), "[Settings]\nMainLeft=1000\n");
 }
 
-struct TextCase
-{
-    const char *name;
-    QString text;
-};
-
-void PrintTo(const TextCase &textCase, std::ostream *stream)
-{
-    *stream << textCase.name;
-}
-
-class OddText : public IniUserSettingsTest, public testing::WithParamInterface<TextCase>
-{
-};
-
-TEST_P(OddText, ComesBack)
-{
-    ASSERT_TRUE(save("Before", "1"));
-    ASSERT_TRUE(save("Text", GetParam().text));
-    ASSERT_TRUE(save("Zuletzt", "2"));
-    EXPECT_EQ(stored("Text"), GetParam().text);
-    // A text does not become other keys.
-    EXPECT_EQ(stored("Before"), "1");
-    EXPECT_EQ(stored("Zuletzt"), "2");
-}
-
-// clang-format off
-const std::array textCases {
-    TextCase {"Escape", R"(\u0041 \\u0041 \u00 \\ \)"},
-    TextCase {"LineSeparator", QString(QChar(u'\x2028')) + QChar(u'\xA0')},
-    TextCase {"Empty", ""},
-    TextCase {"Blank", " "},
-    TextCase {"BlanksAround", "  a  "},
-    TextCase {"Comma", "a, b,,c"},
-    TextCase {"CommaAlone", ","},
-    TextCase {"Semicolon", "a;b ; c"},
-    TextCase {"Hash", "# a"},
-    TextCase {"Equals", "a=b=="},
-    TextCase {"Quotes", R"("a" "b)"},
-    TextCase {"Backslashes", R"(C:\new\x41\)"},
-    TextCase {"Percent", "%U005C %41 100%"},
-    TextCase {"At", "@Invalid()"},
-    TextCase {"AtBytes", "@ByteArray(x)"},
-    TextCase {"TwoAts", "@@"},
-    TextCase {"Section", "[Settings]"},
-    TextCase {"LineEnds", "a\r\nb\nc\r"},
-    TextCase {"KeyBehindALineEnd", "a\nBefore=9\n[Other]\n"},
-    TextCase {"Tab", "\ta\t"},
-    TextCase {"Nul", QString("a") + QChar(u'\0') + "b"},
-    TextCase {"Control", QString(QChar(u'\x01')) + QChar(u'\x7F') + "1"},
-    TextCase {"Umlaut", QString::fromUtf8("Größe é€")},
-    TextCase {"Pair", QString::fromUcs4(U"\U0001F480")},
-    // A path of bytes that are no UTF-8.
-    TextCase {"CarriedByte", QString("caf") + QChar(u'\xDCE9') + "1"},
-    TextCase {"Mark", QString(QChar(u'\xFEFF')) + "a"},
-    TextCase {"True", "true"},
-    TextCase {"Long", QString(100'000, 'x')},
-};
-// clang-format on
-
-INSTANTIATE_TEST_SUITE_P(Texts, OddText, testing::ValuesIn(textCases),
-                         [](const auto &test) { return test.param.name; });
-
 TEST_F(IniUserSettingsTest, WhatCannotBeStoredIsTold)
 {
     // For the administrator too: a folder cannot be made where a file is.
@@ -258,44 +195,6 @@ TEST_F(IniUserSettingsTest, DamagedFileThatCannotBeWrittenIsTold)
         EXPECT_EQ(bytes(), "[Settings");
         EXPECT_EQ(stored("MainLeft"), "<none>");
     });
-}
-
-TEST_F(IniUserSettingsTest, TextThatAPersonTypedIsGivenAsTyped)
-{
-    storeFile("; mine\r\n[Settings]\r\nPlain=a b\r\n  Blanks  =  a b  \r\nList=a, b\r\nPercent=100%\r\n"
-              "Path=C:\\new\\x41\\user\\u12\r\nCode=caf\\u00e9\r\nSigns=a=b\r\nOld=caf\xE9\r\nPlain=second\r\n");
-    EXPECT_EQ(stored("Plain"), "a b");
-    EXPECT_EQ(stored("Blanks"), "a b");
-    EXPECT_EQ(stored("List"), "a, b");
-    EXPECT_EQ(stored("Percent"), "100%");
-    EXPECT_EQ(stored("Path"), R"(C:\new\x41\user\u12)");
-    EXPECT_EQ(stored("Code"), QString::fromUtf8("café"));
-    EXPECT_EQ(stored("Signs"), "a=b");
-    EXPECT_EQ(stored("Old"), decodeBytes("caf\xE9"));
-}
-
-TEST_F(IniUserSettingsTest, LinesOfOthersStayWhereTheyAre)
-{
-    storeFile("# top\n\n[Settings]\n; mine\nMainLeft=1\nnonsense\n\n[Other]\nMainLeft=2\ncaf\xE9=\xFF");
-    ASSERT_TRUE(save("MainLeft", "9"));
-    ASSERT_TRUE(save("MainTop", "8"));
-    ASSERT_TRUE(settings().SaveSetting("Third", "MainTop", "7"));
-    EXPECT_EQ(bytes(), "# top\n\n[Settings]\n; mine\nMainLeft=9\nnonsense\nMainTop=8\n\n"
-                       "[Other]\nMainLeft=2\ncaf\xE9=\xFF\n[Third]\nMainTop=7\n");
-    EXPECT_EQ(settings().GetSetting("Other", "MainLeft", {}), "2");
-}
-
-TEST_F(IniUserSettingsTest, NamesMayBeOdd)
-{
-    const QStringList names{"a=b", "[a]", "; a", "#a", " a ", "a\\b", "a\nb", "a]", QString::fromUtf8("Größe"), "a/b"};
-    for (const QString &section : names) {
-        for (const QString &key : names)
-            ASSERT_TRUE(settings().SaveSetting(section, key, section + '|' + key));
-    }
-    for (const QString &section : names) {
-        for (const QString &key : names)
-            EXPECT_EQ(settings().GetSetting(section, key, {}), section + '|' + key);
-    }
 }
 
 TEST_F(IniUserSettingsTest, TextThatIsStoredAlreadyIsNotWrittenAgain)

@@ -1,11 +1,9 @@
-#include "platform/windows/UnfinishedContent.h"
+#include "platform/UnfinishedContent.h"
 
 #include <algorithm>
 
 namespace {
 
-// A copy begins with texts, so that a person can tell what it is: this one, the file's path, the two sizes. The old
-// bytes and the new bytes follow.
 constexpr QByteArrayView firstText("ZentilConf: content of a file while it was written in place");
 
 std::optional<QByteArray> takeText(QByteArray &bytes)
@@ -20,30 +18,28 @@ std::optional<QByteArray> takeText(QByteArray &bytes)
 
 } // namespace
 
-QByteArray UnfinishedContent::toBytes() const
+QByteArray UnfinishedContent::heading(const QByteArray &path, qsizetype before, qsizetype after)
 {
-    QByteArray bytes;
-    const auto addText = [&bytes](QByteArrayView text) { (bytes += text) += '\0'; };
-    addText(firstText);
-    addText(target);
-    addText(QByteArray::number(before.size()));
-    addText(QByteArray::number(after.size()));
-    return bytes + before + after;
+    QByteArray heading;
+    for (const QByteArray &text :
+         {firstText.toByteArray(), path, QByteArray::number(before), QByteArray::number(after)})
+        (heading += text) += '\0';
+    return heading;
 }
 
-std::optional<UnfinishedContent> UnfinishedContent::fromBytes(QByteArray bytes)
+std::optional<UnfinishedContent> UnfinishedContent::fromCopy(QByteArray bytes)
 {
     const auto first = takeText(bytes);
-    const auto target = takeText(bytes);
+    const auto path = takeText(bytes);
     const auto sizeBefore = takeText(bytes);
     const auto sizeAfter = takeText(bytes);
-    if (first != firstText || !target || !sizeBefore || !sizeAfter)
+    if (first != firstText || !path || !sizeBefore || !sizeAfter)
         return std::nullopt;
     const qsizetype before = sizeBefore->toLongLong();
     const qsizetype after = sizeAfter->toLongLong();
     if (before < 0 || after < 0 || before + after != bytes.size())
         return std::nullopt;
-    return UnfinishedContent{*target, bytes.first(before), bytes.sliced(before)};
+    return UnfinishedContent{bytes.first(before), bytes.sliced(before)};
 }
 
 bool UnfinishedContent::isCutOff(const QByteArray &bytes) const
@@ -58,4 +54,11 @@ bool UnfinishedContent::isCutOff(const QByteArray &bytes) const
             return false;
     }
     return true;
+}
+
+QString keptCopyText(const QString &pathOfCopy)
+{
+    return QStringLiteral("A copy is kept in \"%1\". The write is brought to its end when the file is opened here "
+                          "again.")
+        .arg(pathOfCopy);
 }
