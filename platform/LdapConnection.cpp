@@ -43,13 +43,6 @@ bool isIncomplete(int code)
            code == LdapAnswer::TimeLimitExceeded;
 }
 
-LdapAnswer answerOf(LdapAnswer::Code code)
-{
-    LdapAnswer answer;
-    answer.code = code;
-    return answer;
-}
-
 } // namespace
 
 LdapConnection::LdapConnection(const LdapLimits &limits, const DirectoryPath &path, const Account &account)
@@ -68,7 +61,7 @@ LdapAnswer LdapConnection::search(const LdapSearch &search, const Directory::GoO
 {
     // Without the login that belongs to it, the connection is not used.
     if (!m_isOpen)
-        return answerOf(LdapAnswer::Lost);
+        return LdapAnswer::of(LdapAnswer::Lost);
     LdapAnswer answer = m_handle->search(search, goOn);
     if (answer.code == LdapAnswer::Lost && m_hasWorked && search.cookie.isEmpty()) {
         m_hasWorked = false;
@@ -125,7 +118,7 @@ LdapAnswer LdapConnection::connectAndLogIn(const Directory::GoOn &goOn)
         isEncrypted = answer.code == LdapAnswer::Success;
     }
     if (!mayLogIn(isEncrypted))
-        return answerOf(LdapAnswer::NotEncrypted);
+        return LdapAnswer::of(LdapAnswer::NotEncrypted);
     return m_handle->bind(m_account.userName, m_account.password, goOn);
 }
 

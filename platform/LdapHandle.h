@@ -75,6 +75,15 @@ struct LdapAnswer
         NotEncrypted = -7,
     };
 
+    /// An answer that is told by its code, with nothing read.
+    [[nodiscard]] static LdapAnswer of(Code code, const QString &text = {})
+    {
+        LdapAnswer answer;
+        answer.code = code;
+        answer.text = text;
+        return answer;
+    }
+
     int code = Success;
     /// What the server or the library says about it.
     QString text;
@@ -113,7 +122,8 @@ public:
     /// Ends the connection.
     ~LdapHandle();
 
-    /// Connects, with LDAP version 3 and without following referrals; encrypted from the beginning on that port.
+    /// Connects, with LDAP version 3 and without following referrals; encrypted from the beginning on the port that
+    /// LdapLimits::encryptedPort is.
     [[nodiscard]] LdapAnswer open(const DirectoryPath &path, const Directory::GoOn &goOn);
     /// Encrypts the connection from here on (StartTLS). A code above 0 when the server does not: it goes on as it is.
     [[nodiscard]] LdapAnswer startEncryption(const Directory::GoOn &goOn);

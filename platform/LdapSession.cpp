@@ -114,11 +114,8 @@ bool readResult(LDAP *session, LDAPMessage *message, LdapAnswer &answer)
 LdapAnswer readAnswer(LDAP *session, LDAPMessage *all)
 {
     LdapAnswer answer;
-    if (!readResult(session, all, answer)) {
-        answer.code = LdapAnswer::Local;
-        answer.text = Texts::tr("The server's answer cannot be understood.");
-        return answer;
-    }
+    if (!readResult(session, all, answer))
+        return LdapAnswer::of(LdapAnswer::Local, Texts::tr("The server's answer cannot be understood."));
     for (LDAPMessage *at = ldap_first_entry(session, all); at; at = ldap_next_entry(session, at))
         answer.entries << entryOf(session, at);
     for (LDAPMessage *at = ldap_first_reference(session, all); at; at = ldap_next_reference(session, at)) {
@@ -147,13 +144,25 @@ LdapAnswer LdapSession::await(int message, const Directory::GoOn &goOn) const
     if (end != LdapPatience::End::Done) {
         // The server need not go on.
         LdapInterface::abandon(m_session, message);
-        LdapAnswer none;
-        none.code = end == LdapPatience::End::TimedOut ? LdapAnswer::TimedOut : LdapAnswer::Cancelled;
-        return none;
+        return LdapAnswer::of(end == LdapPatience::End::TimedOut ? LdapAnswer::TimedOut : LdapAnswer::Cancelled);
     }
     if (kind >= 0)
         return readAnswer(m_session, all.get());
     return failed(LdapInterface::lastError(m_session));
+}
+
+LdapAnswer LdapSession::setOptions() const
+{
+    const LdapInterface::Number version = LDAP_VERSION3;
+    const LdapInterface::Number noReference = LDAP_DEREF_NEVER;
+    const LdapInterface::Number noLimit = LDAP_NO_LIMIT;
+    const bool isSet = ldap_set_option(m_session, LDAP_OPT_PROTOCOL_VERSION, &version) == LDAP_SUCCESS &&
+                       ldap_set_option(m_session, LDAP_OPT_REFERRALS, LDAP_OPT_OFF) == LDAP_SUCCESS &&
+                       ldap_set_option(m_session, LDAP_OPT_DEREF, &noReference) == LDAP_SUCCESS &&
+                       ldap_set_option(m_session, LDAP_OPT_SIZELIMIT, &noLimit) == LDAP_SUCCESS;
+    if (isSet)
+        return {};
+    return LdapAnswer::of(LdapAnswer::Local, Texts::tr("The LDAP library does not know a setting."));
 }
 
 LdapAnswer LdapSession::failed(int code) const

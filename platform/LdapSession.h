@@ -31,6 +31,9 @@ public:
 private:
     struct Connection;
 
+    /// What holds for every session, whatever files of the system or of the user say.
+    [[nodiscard]] LdapAnswer setOptions() const;
+
     LdapLimits m_limits;
     LDAP *m_session = nullptr;
     std::unique_ptr<Connection> m_connection;

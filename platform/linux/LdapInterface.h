@@ -17,9 +17,6 @@ using Character = char;
 using Time = timeval;
 using Number = int;
 
-/// Kinds of messages in an answer.
-inline constexpr int referenceKind = LDAP_RES_SEARCH_REFERENCE;
-
 [[nodiscard]] inline Time timeOf(std::chrono::milliseconds time)
 {
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(time);

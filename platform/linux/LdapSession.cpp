@@ -4,8 +4,6 @@
 #include "platform/linux/TcpConnection.h"
 #include "platform/linux/TlsLayer.h"
 
-#include <QCoreApplication>
-
 #include <openldap.h>
 #include <unistd.h>
 
@@ -13,50 +11,25 @@
 
 namespace {
 
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(LdapSession)
-};
-
-LdapAnswer answer(LdapAnswer::Code code, const QString &text = {})
-{
-    LdapAnswer result;
-    result.code = code;
-    result.text = text;
-    return result;
-}
-
 LdapAnswer answerOf(const TcpConnection &connection)
 {
     switch (connection.code) {
     case TcpConnection::Code::Success:
         return {};
     case TcpConnection::Code::TimedOut:
-        return answer(LdapAnswer::TimedOut);
+        return LdapAnswer::of(LdapAnswer::TimedOut);
     case TcpConnection::Code::Cancelled:
-        return answer(LdapAnswer::Cancelled);
+        return LdapAnswer::of(LdapAnswer::Cancelled);
     case TcpConnection::Code::Failed:
         break;
     }
-    return answer(LdapAnswer::Unreachable, connection.text);
+    return LdapAnswer::of(LdapAnswer::Unreachable, connection.text);
 }
 
 QByteArray urlOf(const DirectoryPath &path)
 {
     const QByteArray host = path.host.toLatin1();
     return "ldap://" + (host.contains(':') ? '[' + host + ']' : host) + ':' + QByteArray::number(path.port);
-}
-
-/// Also what the system's and the user's files say about the library is overruled here.
-bool setOptions(LDAP *session)
-{
-    const int version = LDAP_VERSION3;
-    const int noReference = LDAP_DEREF_NEVER;
-    const int noLimit = LDAP_NO_LIMIT;
-    return ldap_set_option(session, LDAP_OPT_PROTOCOL_VERSION, &version) == LDAP_OPT_SUCCESS &&
-           ldap_set_option(session, LDAP_OPT_REFERRALS, LDAP_OPT_OFF) == LDAP_OPT_SUCCESS &&
-           ldap_set_option(session, LDAP_OPT_DEREF, &noReference) == LDAP_OPT_SUCCESS &&
-           ldap_set_option(session, LDAP_OPT_SIZELIMIT, &noLimit) == LDAP_OPT_SUCCESS;
 }
 
 } // namespace
@@ -93,8 +66,8 @@ LdapAnswer LdapSession::open(const DirectoryPath &path, const Directory::GoOn &g
         return failed(code);
     }
     *m_connection = {made.socket, path.host};
-    if (!setOptions(m_session))
-        return answer(LdapAnswer::Local, Texts::tr("The LDAP library does not know a setting."));
+    if (const LdapAnswer set = setOptions(); set.code != LdapAnswer::Success)
+        return set;
     if (path.port != m_limits.encryptedPort)
         return {};
     return encryptSession(m_session, m_connection->socket, m_connection->host, m_limits, goOn);

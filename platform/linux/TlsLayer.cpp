@@ -20,14 +20,6 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(TlsLayer)
 };
 
-LdapAnswer answer(LdapAnswer::Code code, const QString &text = {})
-{
-    LdapAnswer result;
-    result.code = code;
-    result.text = text;
-    return result;
-}
-
 bool isAddress(const QByteArray &host)
 {
     in6_addr address{};
@@ -91,19 +83,20 @@ LdapAnswer Tls::shakeHands(const LdapLimits &limits, const Directory::GoOn &goOn
         return false;
     });
     if (end == LdapPatience::End::TimedOut)
-        return answer(LdapAnswer::TimedOut);
+        return LdapAnswer::of(LdapAnswer::TimedOut);
     if (end == LdapPatience::End::Cancelled)
-        return answer(LdapAnswer::Cancelled);
+        return LdapAnswer::of(LdapAnswer::Cancelled);
     switch (code) {
     case GNUTLS_E_SUCCESS:
         return {};
     case GNUTLS_E_PULL_ERROR:
     case GNUTLS_E_PUSH_ERROR:
     case GNUTLS_E_PREMATURE_TERMINATION:
-        return answer(LdapAnswer::Lost);
+        return LdapAnswer::of(LdapAnswer::Lost);
     default:
-        return answer(LdapAnswer::Unencryptable,
-                      Texts::tr("The connection cannot be encrypted. %1").arg(QLatin1String(gnutls_strerror(code))));
+        return LdapAnswer::of(
+            LdapAnswer::Unencryptable,
+            Texts::tr("The connection cannot be encrypted. %1").arg(QLatin1String(gnutls_strerror(code))));
     }
 }
 
@@ -181,18 +174,18 @@ LdapAnswer encryptSession(ldap *session, int socket, const QString &host, const 
 
     auto tls = std::make_unique<Tls>();
     if (!tls->prepare(socket, host.toLatin1()))
-        return answer(LdapAnswer::Unencryptable, Texts::tr("The connection cannot be encrypted."));
+        return LdapAnswer::of(LdapAnswer::Unencryptable, Texts::tr("The connection cannot be encrypted."));
     LdapAnswer agreed = tls->shakeHands(limits, goOn);
     if (agreed.code != LdapAnswer::Success)
         return agreed;
     const QString problem = certificateProblem(tls->serverCertificates(), host, limits.trustedCertificates);
     if (!problem.isEmpty())
-        return answer(LdapAnswer::Unencryptable, problem);
+        return LdapAnswer::of(LdapAnswer::Unencryptable, problem);
 
     Sockbuf *buffer = nullptr;
     if (ldap_get_option(session, LDAP_OPT_SOCKBUF, &buffer) != LDAP_OPT_SUCCESS ||
         ber_sockbuf_add_io(buffer, &calls, LBER_SBIOD_LEVEL_TRANSPORT, tls.get()) != 0)
-        return answer(LdapAnswer::Local, Texts::tr("The connection cannot be encrypted."));
+        return LdapAnswer::of(LdapAnswer::Local, Texts::tr("The connection cannot be encrypted."));
     // The session ends it.
     (void)tls.release();
     return {};

@@ -21,9 +21,6 @@ using Character = wchar_t;
 using Time = l_timeval;
 using Number = ULONG;
 
-/// Kinds of messages in an answer.
-inline constexpr int referenceKind = LDAP_RES_REFERRAL;
-
 [[nodiscard]] inline Time timeOf(std::chrono::milliseconds time)
 {
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(time);

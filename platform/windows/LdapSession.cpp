@@ -12,14 +12,6 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(LdapSession)
 };
 
-LdapAnswer answer(LdapAnswer::Code code, const QString &text = {})
-{
-    LdapAnswer result;
-    result.code = code;
-    result.text = text;
-    return result;
-}
-
 /// What is known while a certificate is looked at: the library hands its callback nothing of ours, but calls it from
 /// within the call that encrypts.
 struct Check
@@ -37,17 +29,6 @@ BOOLEAN LDAPAPI verifyCertificate(PLDAP, PCCERT_CONTEXT *certificate)
         return FALSE;
     check->problem = certificateProblem(certificate ? *certificate : nullptr, check->host);
     return check->problem.isEmpty() ? TRUE : FALSE;
-}
-
-bool setOptions(LDAP *session)
-{
-    const ULONG version = LDAP_VERSION3;
-    const ULONG noReference = LDAP_DEREF_NEVER;
-    const ULONG noLimit = LDAP_NO_LIMIT;
-    return ldap_set_option(session, LDAP_OPT_PROTOCOL_VERSION, &version) == LDAP_SUCCESS &&
-           ldap_set_option(session, LDAP_OPT_REFERRALS, LDAP_OPT_OFF) == LDAP_SUCCESS &&
-           ldap_set_option(session, LDAP_OPT_DEREF, &noReference) == LDAP_SUCCESS &&
-           ldap_set_option(session, LDAP_OPT_SIZELIMIT, &noLimit) == LDAP_SUCCESS;
 }
 
 /// Wine's library does not take the callback, and takes every certificate: what is encrypted then may go to anybody.
@@ -80,17 +61,17 @@ LdapSession::~LdapSession()
 LdapAnswer LdapSession::open(const DirectoryPath &path, const Directory::GoOn &goOn)
 {
     if (goOn && !goOn())
-        return answer(LdapAnswer::Cancelled);
+        return LdapAnswer::of(LdapAnswer::Cancelled);
     m_connection->host = path.host;
     LdapInterface::Argument host(path.host);
     const bool isEncrypted = path.port == m_limits.encryptedPort;
     m_session = isEncrypted ? ldap_sslinit(host.data(), ULONG(path.port), 1) : ldap_init(host.data(), ULONG(path.port));
     if (!m_session)
         return failed(int(LdapGetLastError()));
-    if (!setOptions(m_session))
-        return answer(LdapAnswer::Local, Texts::tr("The LDAP library does not know a setting."));
+    if (const LdapAnswer set = setOptions(); set.code != LdapAnswer::Success)
+        return set;
     if (isEncrypted && !setVerification(m_session))
-        return answer(LdapAnswer::Unencryptable, Texts::tr("The server's certificate cannot be checked."));
+        return LdapAnswer::of(LdapAnswer::Unencryptable, Texts::tr("The server's certificate cannot be checked."));
 
     Check own{path.host, {}};
     check = &own;
@@ -98,20 +79,20 @@ LdapAnswer LdapSession::open(const DirectoryPath &path, const Directory::GoOn &g
     const ULONG code = ldap_connect(m_session, &limit);
     check = nullptr;
     if (!own.problem.isEmpty())
-        return answer(LdapAnswer::Unencryptable, own.problem);
+        return LdapAnswer::of(LdapAnswer::Unencryptable, own.problem);
     if (code == LDAP_SUCCESS)
         return {};
     if (code == LDAP_TIMEOUT)
-        return answer(LdapAnswer::TimedOut);
-    return answer(LdapAnswer::Unreachable, LdapInterface::textOf(ldap_err2string(code)));
+        return LdapAnswer::of(LdapAnswer::TimedOut);
+    return LdapAnswer::of(LdapAnswer::Unreachable, LdapInterface::textOf(ldap_err2string(code)));
 }
 
 LdapAnswer LdapSession::startEncryption(const Directory::GoOn &goOn)
 {
     if (goOn && !goOn())
-        return answer(LdapAnswer::Cancelled);
+        return LdapAnswer::of(LdapAnswer::Cancelled);
     if (!setVerification(m_session))
-        return answer(LdapAnswer::UnwillingToPerform);
+        return LdapAnswer::of(LdapAnswer::UnwillingToPerform);
     Check own{m_connection->host, {}};
     check = &own;
     ULONG said = LDAP_SUCCESS;
@@ -121,7 +102,7 @@ LdapAnswer LdapSession::startEncryption(const Directory::GoOn &goOn)
     if (result)
         ldap_msgfree(result);
     if (!own.problem.isEmpty())
-        return answer(LdapAnswer::Unencryptable, own.problem);
+        return LdapAnswer::of(LdapAnswer::Unencryptable, own.problem);
     if (code == LDAP_SUCCESS)
         return {};
     // What the server has said counts: that it does not encrypt is no failure of the connection.
