@@ -28,9 +28,7 @@ QChar paintedControl(QChar c)
 
 char32_t characterAt(const QString &text, qsizetype at)
 {
-    const QChar c = text[at];
-    const bool isPair = c.isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
-    return isPair ? QChar::surrogateToUcs4(c, text[at + 1]) : c.unicode();
+    return isPairAt(text, at) ? QChar::surrogateToUcs4(text[at], text[at + 1]) : text[at].unicode();
 }
 
 } // namespace

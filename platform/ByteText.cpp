@@ -52,11 +52,6 @@ qsizetype wellFormedLength(QByteArrayView bytes)
     return 0;
 }
 
-bool isPairAt(QStringView text, qsizetype at)
-{
-    return text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
-}
-
 QString decodeWellFormed(QByteArrayView bytes)
 {
     // A byte order mark is text here: what was read is written back.

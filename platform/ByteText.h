@@ -16,3 +16,10 @@
 /// Text as it is shown: a carried byte appears as the character that it stands for in Windows code page 1252 (its five
 /// unassigned bytes as the control characters of the same number, as Windows maps them). Everything else stays.
 [[nodiscard]] QString shownText(const QString &text);
+
+/// Whether the two halves of one character stand at a place of text and behind it. A half that stands alone may carry a
+/// byte.
+[[nodiscard]] inline bool isPairAt(QStringView text, qsizetype at)
+{
+    return text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
+}

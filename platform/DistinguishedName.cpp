@@ -38,11 +38,6 @@ QString takeBytes(const QString &text, qsizetype &at)
     return decodeBytes(bytes);
 }
 
-bool isPairAt(const QString &text, qsizetype at)
-{
-    return text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
-}
-
 /// A line of a configuration holds printable ASCII only. It has a form for other characters, but that does not become
 /// the character again.
 bool isSafeInUrl(QChar c)

@@ -4,8 +4,9 @@
 
 #include <exception>
 
-/// An error that an operation raises to whoever started the command. It is caught by the application object, shown to
-/// the user, and the program goes on (see app/Application.h). The numbers and their descriptions are fixed.
+/// An error that an operation raises to whoever started the command. It is shown to the user, and the program goes on:
+/// see runReported() in settings/RunReported.h and, behind it, app/Application.h. The numbers and their descriptions
+/// are fixed.
 class RuntimeError final : public std::exception
 {
 public:
