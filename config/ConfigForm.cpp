@@ -32,9 +32,6 @@ namespace {
 
 constexpr int progressInterval = 100;
 
-/// The default editor that edits every item as a line of text.
-constexpr qint16 editAsLine = 1;
-
 /// Whether every item is edited as a line of text. Not so for a user who has no rights to the machine's settings:
 /// reading one makes the key that it stands in, and documents are to be edited all the same.
 bool isEditedAsLine(const DocumentPreferences &preferences)

@@ -16,8 +16,7 @@ using RegistryConstants::hives;
 
 namespace {
 
-// Names and data are read into buffers of this size, whatever the registry could hold.
-constexpr quint32 bufferSize = 255;
+constexpr quint32 bufferSize = clsKey::bufferSize;
 
 struct NameBuffer
 {

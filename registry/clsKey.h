@@ -19,6 +19,10 @@
 class clsKey final
 {
 public:
+    /// The most bytes of a value that are read: names and data go through buffers of this size, whatever the registry
+    /// could hold.
+    static constexpr quint32 bufferSize = 255;
+
     explicit clsKey(Registry &registry, const QString &name = {});
 
     /// Closes the key. Handle() stays what it was.
@@ -66,7 +70,7 @@ public:
     [[nodiscard]] std::vector<clsKey> &SubKeys(Registry::Handle OverrideHandle = 0);
 
     /// Reads a value: the default value, the one of a name, or the one at a position from 0. Nothing for one that is
-    /// not there, cannot be read, or has more than 255 bytes or, at its position, a longer name.
+    /// not there, cannot be read, or has more than bufferSize bytes or, at its position, a longer name.
     /// @throws RuntimeError RegistryError when the key is not open
     [[nodiscard]] std::optional<clsValue> Value() const;
     [[nodiscard]] std::optional<clsValue> Value(const QString &name) const;

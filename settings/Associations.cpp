@@ -88,13 +88,12 @@ bool Associations::isWanted(const QString &extension)
 
 bool Associations::isSet(const QString &programPath, const QString &extension) const
 {
-    constexpr qsizetype longestRead = 255;
     const auto has = [this](const QString &path, const QString &text) {
         const QByteArray wanted = m_registry.toCodePage(text);
         const auto stored = ClassesChange::defaultValue(m_registry, path);
         // A command that is too long to be read cannot be compared.
         if (!stored)
-            return wanted.size() > longestRead;
+            return wanted.size() > qsizetype(clsKey::bufferSize);
         // Another program may have stored it with the zero that ends it.
         return *stored == wanted || *stored == wanted + '\0';
     };

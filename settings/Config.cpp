@@ -84,6 +84,11 @@ QVariant Config::GetSetting(const QString &Section, const QString &Name, const Q
     return m_registry.fromCodePage(text.toLatin1());
 }
 
+bool Config::isStored(const Setting &setting, const QString &text) const
+{
+    return GetSetting(setting.section, setting.name, QVariant()) == QVariant(text);
+}
+
 clsKey Config::CreateKey(const QString &Section) const
 {
     clsKey software(m_registry);

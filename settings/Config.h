@@ -77,6 +77,10 @@ public:
     /// the registry layer reads.
     [[nodiscard]] QVariant GetSetting(const QString &Section, const QString &Name, const QVariant &DefValue) const;
 
+    /// Whether a setting is stored as this text. The registry layer does not tell what could not be stored: it was
+    /// full, or the text is too long or has characters that are not in its code page.
+    [[nodiscard]] bool isStored(const Setting &setting, const QString &text) const;
+
     /// The section's key, open, after making it and the program's key where they are missing. One that is not open
     /// says that HKEY_LOCAL_MACHINE\SOFTWARE or a key just made could not be opened.
     [[nodiscard]] clsKey CreateKey(const QString &Section) const;

@@ -12,6 +12,9 @@ struct ListFont
     std::optional<qint16> size;
 };
 
+/// The default editor that edits every item as a line of text. 0, or any other number, is each item's own editor.
+inline constexpr qint16 editAsLine = 1;
+
 /// The settings that documents ask for. They are read anew each time.
 class DocumentPreferences
 {
@@ -21,7 +24,7 @@ public:
     DocumentPreferences &operator=(const DocumentPreferences &) = delete;
     virtual ~DocumentPreferences() = default;
 
-    /// The default editor: 1 edits every item as a line of text, anything else each item in the editor for its kind.
+    /// The default editor: editAsLine, or any other number.
     /// @throws RuntimeError TypeMismatch when what is stored is no number
     [[nodiscard]] virtual qint16 Edit() const = 0;
 

@@ -31,12 +31,11 @@ auto storedTexts(const OptionValues &values)
     };
 }
 
-/// The settings layer does not tell what the registry did not store.
 void requireStored(const Config &config, const OptionValues &values)
 {
     QStringList missing;
     for (const auto &[setting, text] : storedTexts(values)) {
-        if (config.GetSetting(setting.section, setting.name, QVariant()) != QVariant(text))
+        if (!config.isStored(setting, text))
             missing << setting.property;
     }
     if (!missing.isEmpty())

@@ -51,10 +51,7 @@ void StoredPreferences::storeListFont(const QString &family, qint16 size)
 {
     m_config.setFontName(family);
     m_config.setFontSize(size);
-    // The settings layer does not tell what the registry did not store.
-    const auto isStored = [this](const Config::Setting &setting, const QString &text) {
-        return m_config.GetSetting(setting.section, setting.name, QVariant()) == QVariant(text);
-    };
-    if (!isStored(ConfigSettings::fontName, family) || !isStored(ConfigSettings::fontSize, QString::number(size)))
+    if (!m_config.isStored(ConfigSettings::fontName, family) ||
+        !m_config.isStored(ConfigSettings::fontSize, QString::number(size)))
         throw RuntimeError(RuntimeError::DeviceError, {}, tr("The registry does not store the font as it is."));
 }

@@ -7,6 +7,8 @@
 #include <QByteArray>
 #include <QStringList>
 
+#include <algorithm>
+
 using RegistryConstants::typeExpandableText;
 using RegistryConstants::typeNumber;
 using RegistryConstants::typeText;

@@ -3,6 +3,7 @@
 #include "platform/Messages.h"
 #include "platform/Programs.h"
 #include "platform/RuntimeError.h"
+#include "settings/DocumentPreferences.h"
 #include "settings/frmODBCLogon.h"
 #include "settings/NumberText.h"
 #include "settings/OpenWindows.h"
@@ -23,9 +24,6 @@
 namespace {
 
 enum Page : int { General, Refresh, Database, Unreachable };
-
-/// The default editor that edits every item as a line of text.
-constexpr qint16 editAsLine = 1;
 
 /// Of an interval, in characters: the highest has five digits.
 constexpr int intervalWidth = 10;

@@ -37,11 +37,10 @@ public:
     explicit frmOptions(const Services &services, QWidget *parent = nullptr);
 
     /// Writes every field back and tells the open windows. When an interval is no number, nothing is written and its
-    /// field is shown.
-    /// Nor is anything written when the settings could not be read before and can be now: then they are shown.
+    /// field is shown; nor is anything written when the settings could not be read before and can be now: then they
+    /// are shown.
     /// @throws RuntimeError TypeMismatch or Overflow for an interval, DeviceError for settings that are shown now; and
-    /// as
-    ///         applyOptions() does
+    ///         as applyOptions() does
     void Apply();
 
 private:
