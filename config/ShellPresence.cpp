@@ -8,32 +8,28 @@ namespace {
 
 const QLatin1String undoEntry("mnuEditUndo");
 
-/// What of the main window belongs to the active document: a name and whether it is shown or enabled while a document
-/// is active. Everything that is shown or enabled here is taken back when the document is left, apart from the entries
-/// of the Edit menu, which go with the menu.
-struct ShellState
+/// A menu or menu entry of the main window that belongs to the active document.
+struct DocumentMenu
 {
     QLatin1String name;
-    bool isOn;
+    /// Whether it is shown while a document is active, and hidden when the document is left. The entries that are not
+    /// hidden are those of the Edit menu, which go with their menu.
+    bool isShown;
+    bool isHiddenWhenLeft;
 };
 
 // clang-format off
-constexpr std::array<ShellState, 9> menusWhenActive {{
-    {QLatin1String("mnuItem"),             true},
-    {QLatin1String("mnuFilePrint"),        true},
-    {QLatin1String("mnuEdit"),             true},
-    {QLatin1String("mnuEditUndo"),         true},
-    {QLatin1String("mnuEditBar0"),         true},
-    {QLatin1String("mnuEditCopy"),         true},
-    {QLatin1String("mnuEditCut"),          true},
-    {QLatin1String("mnuEditPaste"),        true},
-    {QLatin1String("mnuEditPasteSpecial"), false},
+constexpr std::array<DocumentMenu, 9> documentMenus {{
+    {QLatin1String("mnuItem"),             true,  true},
+    {QLatin1String("mnuFilePrint"),        true,  true},
+    {QLatin1String("mnuEdit"),             true,  true},
+    {QLatin1String("mnuEditUndo"),         true,  true},
+    {QLatin1String("mnuEditBar0"),         true,  true},
+    {QLatin1String("mnuEditCopy"),         true,  false},
+    {QLatin1String("mnuEditCut"),          true,  false},
+    {QLatin1String("mnuEditPaste"),        true,  false},
+    {QLatin1String("mnuEditPasteSpecial"), false, false},
 }};
-
-constexpr std::array<QLatin1String, 5> menusHiddenWhenLeft {
-    QLatin1String("mnuItem"), QLatin1String("mnuFilePrint"),
-    QLatin1String("mnuEdit"), QLatin1String("mnuEditUndo"), QLatin1String("mnuEditBar0"),
-};
 
 constexpr std::array<QLatin1String, 4> documentButtons {
     QLatin1String("Print"), QLatin1String("Copy"), QLatin1String("Cut"), QLatin1String("Paste"),
@@ -52,8 +48,8 @@ void ShellPresence::enter()
     if (m_isActive)
         return;
     m_isActive = true;
-    for (const ShellState &menu : menusWhenActive)
-        m_shell.setMenuVisible(menu.name, menu.isOn);
+    for (const DocumentMenu &menu : documentMenus)
+        m_shell.setMenuVisible(menu.name, menu.isShown);
     for (const QLatin1String key : documentButtons)
         m_shell.setToolButtonEnabled(key, true);
     m_shell.setMenuEnabled(undoEntry, m_isUndoEnabled);
@@ -66,8 +62,10 @@ void ShellPresence::leave()
     if (!m_isActive)
         return;
     m_isActive = false;
-    for (const QLatin1String name : menusHiddenWhenLeft)
-        m_shell.setMenuVisible(name, false);
+    for (const DocumentMenu &menu : documentMenus) {
+        if (menu.isHiddenWhenLeft)
+            m_shell.setMenuVisible(menu.name, false);
+    }
     for (const QLatin1String key : documentButtons)
         m_shell.setToolButtonEnabled(key, false);
     m_ownStatus = m_shell.statusText();
