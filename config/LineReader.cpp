@@ -35,12 +35,13 @@ void LineReader::take(QByteArrayView bytes)
 QStringList LineReader::lines()
 {
     endLine({});
-    RowList::requireFit(m_count, m_path);
+    // Behind so many bytes, lines are not told apart any more: their number would be wrong.
     if (m_bytes > m_maximumBytes) {
         throw RuntimeError(RuntimeError::Overflow, m_path,
                            QStringLiteral("A document holds at most %1 bytes. This one has %2.")
                                .arg(QString::number(m_maximumBytes), QString::number(m_bytes)));
     }
+    RowList::requireFit(m_count, m_path);
     // A file of empty lines only has always been refused: the search for a line that is not empty runs past the first.
     if (m_bytes > 0 && m_count == 0)
         throw RuntimeError(RuntimeError::InvalidCall, m_path, QStringLiteral("The file holds only empty lines."));

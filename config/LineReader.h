@@ -20,7 +20,7 @@ public:
 
     /// The lines, once all bytes are taken. None for an empty file.
     /// @throws RuntimeError InvalidCall when bytes came but every line is empty; Overflow, with the limit and the
-    ///         file's count, when the file has more lines or bytes than a document can hold
+    ///         file's count, when the file has more bytes, or more lines, than a document can hold
     [[nodiscard]] QStringList lines();
 
 private:
