@@ -46,7 +46,7 @@ void TakeLinesApart(benchmark::State &state)
             QString flags;
             parseLine(line, ParseRule::Document, prefix, object, flags);
             benchmark::DoNotOptimize(object);
-            benchmark::DoNotOptimize(itemKindOf(line));
+            benchmark::DoNotOptimize(GetItemType(line));
         }
     }
     state.SetItemsProcessed(state.iterations() * state.range());
@@ -60,7 +60,7 @@ void SplitAndClassify(benchmark::State &state)
         LineReader reader;
         reader.take(bytes);
         for (const QString &line : reader.lines())
-            benchmark::DoNotOptimize(itemKindOf(line));
+            benchmark::DoNotOptimize(GetItemType(line));
     }
     state.SetBytesProcessed(state.iterations() * bytes.size());
 }

@@ -205,7 +205,7 @@ void ConfigForm::editCurrentRow()
     if (!requireCurrentRow())
         return;
     const bool isLine = isEditedAsLine(m_services.preferences);
-    editItem(isLine ? ItemKind::Line : itemKindOf(m_rows.at(m_ui.list->listIndex())), -1);
+    editItem(isLine ? ItemKind::Line : GetItemType(m_rows.at(m_ui.list->listIndex())), -1);
 }
 
 void ConfigForm::Remove_Other()

@@ -111,7 +111,7 @@ void parseLine(const QString &line, ParseRule rule, QString &prefix, QString &ob
     object = rest;
 }
 
-ItemKind itemKindOf(const QString &line)
+ItemKind GetItemType(const QString &line)
 {
     QString object = trimSpaces(line);
     if (object.startsWith(quote))

@@ -22,7 +22,7 @@ enum class ParseRule {
 void parseLine(const QString &line, ParseRule rule, QString &prefix, QString &object, QString &flags);
 
 /// The kind of a line, by the shape of its object.
-[[nodiscard]] ItemKind itemKindOf(const QString &line);
+[[nodiscard]] ItemKind GetItemType(const QString &line);
 
 /// An object as it is stored: printable ASCII, with everything else as EscapeNonPrintable() writes it. A byte that was
 /// carried over from an old file is written as the character that it is shown as.

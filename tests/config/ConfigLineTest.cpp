@@ -63,7 +63,7 @@ TEST_P(ConfigLine, IsTakenApart)
 
 TEST_P(ConfigLine, HasItsKind)
 {
-    EXPECT_EQ(itemKindOf(GetParam().line), GetParam().kind);
+    EXPECT_EQ(GetItemType(GetParam().line), GetParam().kind);
 }
 
 // clang-format off
@@ -304,7 +304,7 @@ TEST(LineProperty, RandomLinesAreReadAsThePlainModelReadsThem)
             << line.toStdString();
         ASSERT_EQ(outcome([&] { return olderPartsOf(line); }), outcome([&] { return plain::parseAsOlderParser(line); }))
             << line.toStdString();
-        ASSERT_EQ(int(itemKindOf(line)), plain::kindOf(line)) << line.toStdString();
+        ASSERT_EQ(int(GetItemType(line)), plain::kindOf(line)) << line.toStdString();
     }
 }
 

@@ -73,7 +73,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     require(read(written, 4096) == lines, "what is written is read again");
     for (const QString &line : *lines) {
         require(!line.contains(u'\r') && !line.contains(u'\n'), "no line holds a line end");
-        require(int(itemKindOf(line)) >= 0 && int(itemKindOf(line)) <= 9, "every line has a kind");
+        require(int(GetItemType(line)) >= 0 && int(GetItemType(line)) <= 9, "every line has a kind");
         requireTakenApart(line, [](const QString &text, QString &prefix, QString &object, QString &flags) {
             parseLine(text, ParseRule::Document, prefix, object, flags);
         });
