@@ -7,31 +7,9 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStandardItemModel>
-#include <QWheelEvent>
-
-namespace {
-
-bool movesOn(const QKeyEvent &event)
-{
-    switch (event.key()) {
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        return true;
-    default:
-        return false;
-    }
-}
-
-} // namespace
 
 KindList::KindList(QWidget *parent)
-    : QComboBox(parent)
+    : DropDownList(parent)
 {
     for (const ItemKindRow &row : itemKinds)
         addItem(row.displayName);
@@ -50,32 +28,24 @@ void KindList::setKindEnabled(ItemKind kind, bool isEnabled)
 void KindList::showPopup()
 {
     WidenDropDown(*this);
-    QComboBox::showPopup();
+    DropDownList::showPopup();
 }
 
 bool KindList::eventFilter(QObject *watched, QEvent *event)
 {
     // The toolkit would take a click on a kind that is not available for one on the kind that is current.
     if (watched != view()->viewport() || event->type() != QEvent::MouseButtonRelease)
-        return QComboBox::eventFilter(watched, event);
+        return DropDownList::eventFilter(watched, event);
     const QModelIndex index = view()->indexAt(static_cast<QMouseEvent *>(event)->position().toPoint());
     return !(index.flags() & Qt::ItemIsEnabled);
 }
 
 void KindList::keyPressEvent(QKeyEvent *event)
 {
-    const bool isModified = event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
-    if (!isModified && movesOn(*event)) {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    // There is no button in its window that Enter would press.
+    if (isEnter && !(event->modifiers() & ~Qt::KeypadModifier))
         showPopup();
-    } else if (!isModified && !event->text().trimmed().isEmpty() && event->text().front().isPrint()) {
-        showPopup();
-        view()->keyboardSearch(event->text());
-    } else {
-        QComboBox::keyPressEvent(event);
-    }
-}
-
-void KindList::wheelEvent(QWheelEvent *event)
-{
-    event->ignore();
+    else
+        DropDownList::keyPressEvent(event);
 }

@@ -1,12 +1,11 @@
 #pragma once
 
-#include <QComboBox>
+#include "settings/DropDownList.h"
 
 enum class ItemKind : int;
 
-/// The drop-down list of the kinds of items that can be added. A kind is chosen from the opened list only: a key or the
-/// wheel over the closed list would open one editor after the other on its way.
-class KindList final : public QComboBox
+/// The drop-down list of the kinds of items that can be added.
+class KindList final : public DropDownList
 {
     Q_OBJECT
 
@@ -25,5 +24,4 @@ signals:
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    void wheelEvent(QWheelEvent *event) override;
 };

@@ -3,8 +3,8 @@
 #include "browse/DrivePaths.h"
 #include "editors/NameList.h"
 #include "platform/FileSystem.h"
+#include "settings/DropDownList.h"
 
-#include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -93,7 +93,8 @@ void FileLists::selectFile(const QString &name)
 
 void FileLists::addDrives(QGridLayout &layout)
 {
-    m_drives = new QComboBox(this);
+    // Going to a drive may take long or be refused: nobody would come past one that is not there.
+    m_drives = new DropDownList(this);
     m_drives->setObjectName(QStringLiteral("AllDriveList"));
     // All of them: which drives another host has is not known in advance.
     for (int i = 0; i < driveCount; ++i)

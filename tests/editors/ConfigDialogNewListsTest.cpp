@@ -48,6 +48,36 @@ TEST_F(FileListsTest, ChoosingTheSameDriveGoesBackToItsRoot)
     EXPECT_EQ(objectOf(form), "C:\\");
 }
 
+// A step must not be a choice: the first drive that is not there would be refused, again and again.
+TEST_F(FileListsTest, TheKeysPassOverMissingDrives)
+{
+    fileSystem.addDrive("F:\\");
+    const ItemEditorForm &form = addFile();
+    auto *drives = control<QComboBox>(form, "AllDriveList");
+    QTest::keyClick(drives, Qt::Key_Down);
+    ASSERT_TRUE(drives->view()->isVisible());
+    EXPECT_EQ(shownDrive(form), "C:");
+    for (int step = 0; step < 3; ++step)
+        QTest::keyClick(drives->view(), Qt::Key_Down);
+    EXPECT_EQ(objectOf(form), "C:\\");
+    QTest::keyClick(drives->view(), Qt::Key_Return);
+    EXPECT_EQ(shownDrive(form), "F:");
+    EXPECT_EQ(objectOf(form), "F:\\");
+}
+
+TEST_F(FileListsTest, TheWheelOverTheDriveListChoosesNothing)
+{
+    const ItemEditorForm &form = editLine("C:\\Windows t");
+    auto *drives = control<QComboBox>(form, "AllDriveList");
+    const QPointF at = drives->rect().center();
+    QWheelEvent turned(at, drives->mapToGlobal(at), {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                       false);
+    QCoreApplication::sendEvent(drives, &turned);
+    EXPECT_FALSE(turned.isAccepted());
+    EXPECT_EQ(shownDrive(form), "C:");
+    EXPECT_EQ(objectOf(form), "C:\\Windows");
+}
+
 TEST_F(FileListsTest, ADriveThatIsAFileIsRememberedToo)
 {
     fileSystem.addFile("E:\\");
@@ -230,7 +260,7 @@ TEST_F(FileListsTest, TheKeyboardIsEnough)
     // To the drives.
     key(form, Qt::Key_V, Qt::AltModifier);
     EXPECT_EQ(form.focusWidget()->objectName(), "AllDriveList");
-    key(form, Qt::Key_D);
+    chooseDrive(form, 'd');
     EXPECT_EQ(objectOf(form), "D:\\");
     // A flag, and the button of the form.
     control<QWidget>(form, "flag_t")->setFocus();

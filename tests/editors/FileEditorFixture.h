@@ -2,6 +2,7 @@
 
 #include "tests/editors/EditorFixture.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QListView>
 
@@ -74,7 +75,9 @@ protected:
     /// Chooses a drive with the keys.
     static void chooseDrive(const QWidget &form, QChar letter)
     {
-        QTest::keyClicks(control<QComboBox>(form, "AllDriveList"), letter);
+        auto *drives = control<QComboBox>(form, "AllDriveList");
+        QTest::keyClicks(drives, letter);
+        QTest::keyClick(drives->view(), Qt::Key_Return);
     }
 
     [[nodiscard]] static QString objectOf(const QWidget &form) { return textOf(form, "ObjectName"); }
