@@ -3,8 +3,7 @@
 #include "config/RowList.h"
 #include "config/SettingsDocument.h"
 #include "editors/LineEdit.h"
-#include "platform/Messages.h"
-#include "settings/RunReported.h"
+#include "settings/OptionButtons.h"
 #include "settings/WidenDropDown.h"
 
 #include <QCheckBox>
@@ -95,7 +94,6 @@ QString fieldName(SettingKey key)
 ConfigWizardInfo::ConfigWizardInfo(SettingsDocument &document, Messages &messages, QWidget *parent)
     : QDialog(parent)
     , m_document(document)
-    , m_messages(messages)
     , m_tabs(new QTabWidget(this))
 {
     setObjectName(QStringLiteral("ConfigWizardInfo"));
@@ -105,7 +103,7 @@ ConfigWizardInfo::ConfigWizardInfo(SettingsDocument &document, Messages &message
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_tabs);
     addPages();
-    addButtons();
+    addOptionButtons(*this, *layout, messages, QStringLiteral("Apply"), [this] { Apply(); });
     connectFlags();
     LoadItems();
     controls(settingFields.front().key).field->setFocus();
@@ -239,28 +237,6 @@ void ConfigWizardInfo::addField(QGridLayout &layout, const SettingField &field)
         connect(button, &QPushButton::clicked, this, [this, &field] { browse(field); });
         layout.addWidget(button, row, 2);
     }
-}
-
-void ConfigWizardInfo::addButtons()
-{
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    const auto add = [&](const QString &name, const QString &caption, const std::function<void()> &run) {
-        auto *button = new QPushButton(caption, this);
-        button->setObjectName(name);
-        // Enter presses cmdOK, wherever the focus is.
-        button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, [this, run] { runReported(m_messages, run); });
-        buttons->addWidget(button);
-        return button;
-    };
-    add(QStringLiteral("cmdOK"), QStringLiteral("OK"), [this] {
-        Apply();
-        accept();
-    })->setDefault(true);
-    add(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"), [this] { reject(); });
-    add(QStringLiteral("cmdApply"), QStringLiteral("Apply"), [this] { Apply(); });
-    static_cast<QVBoxLayout *>(layout())->addLayout(buttons);
 }
 
 void ConfigWizardInfo::connectFlags()

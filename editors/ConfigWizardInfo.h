@@ -51,7 +51,6 @@ private:
     void addPages();
     void addFrame(QWidget &page, std::span<const SettingField> fields);
     void addField(QGridLayout &layout, const SettingField &field);
-    void addButtons();
     void connectFlags();
 
     [[nodiscard]] Controls &controls(SettingKey key) { return m_controls[static_cast<size_t>(key)]; }
@@ -60,7 +59,6 @@ private:
     void browse(const SettingField &field);
 
     SettingsDocument &m_document;
-    Messages &m_messages;
     GlobalSettings m_settings;
     QTabWidget *m_tabs;
     std::array<Controls, settingKeys.size()> m_controls;

@@ -7,7 +7,7 @@
 #include "settings/frmODBCLogon.h"
 #include "settings/NumberText.h"
 #include "settings/OpenWindows.h"
-#include "settings/RunReported.h"
+#include "settings/OptionButtons.h"
 #include "settings/SettingsReader.h"
 
 #include <QCheckBox>
@@ -28,15 +28,6 @@ enum Page : int { General, Refresh, Database, Unreachable };
 /// Of an interval, in characters: the highest has five digits.
 constexpr int intervalWidth = 10;
 
-QPushButton *createButton(QWidget &form, QLatin1String name, const QString &caption)
-{
-    auto *button = new QPushButton(caption, &form);
-    button->setObjectName(name);
-    // Enter presses cmdOK, wherever the focus is.
-    button->setAutoDefault(false);
-    return button;
-}
-
 QCheckBox *createCheckBox(QWidget &form, QLatin1String name, const QString &caption, const QString &toolTip)
 {
     auto *box = new QCheckBox(caption, &form);
@@ -55,7 +46,7 @@ frmOptions::frmOptions(const Services &services, QWidget *parent)
     setWindowTitle(tr("Options"));
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(createPages());
-    layout->addLayout(createButtons());
+    addOptionButtons(*this, *layout, m_services.messages, tr("&Apply"), [this] { Apply(); });
     connectKeys();
     Form_Load();
 }
@@ -112,7 +103,10 @@ void frmOptions::fillGeneralPage(QBoxLayout &page)
         choices->addWidget(m_defaultEdit[choice]);
     }
 
-    QPushButton *control = createButton(*this, QLatin1String("Control"), tr("Zentil Control &Panel"));
+    auto *control = new QPushButton(tr("Zentil Control &Panel"), this);
+    control->setObjectName(QStringLiteral("Control"));
+    // Enter presses cmdOK, wherever the focus is.
+    control->setAutoDefault(false);
     control->setToolTip(tr("Open the settings of Zentil itself"));
     connect(control, &QPushButton::clicked, this, &frmOptions::Control_Click);
 
@@ -155,23 +149,6 @@ QLineEdit *frmOptions::createInterval(QLatin1String name)
     field->setToolTip(tr("A number up to 65535"));
     field->setFixedWidth(intervalWidth * fontMetrics().horizontalAdvance(QLatin1Char('0')));
     return field;
-}
-
-QBoxLayout *frmOptions::createButtons()
-{
-    QPushButton *ok = createButton(*this, QLatin1String("cmdOK"), tr("OK"));
-    QPushButton *cancel = createButton(*this, QLatin1String("cmdCancel"), tr("Cancel"));
-    QPushButton *apply = createButton(*this, QLatin1String("cmdApply"), tr("&Apply"));
-    ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, &frmOptions::cmdOK_Click);
-    connect(cancel, &QPushButton::clicked, this, &frmOptions::reject);
-    connect(apply, &QPushButton::clicked, this, &frmOptions::cmdApply_Click);
-
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    for (QPushButton *button : {ok, cancel, apply})
-        buttons->addWidget(button);
-    return buttons;
 }
 
 void frmOptions::connectKeys()
@@ -218,19 +195,6 @@ void frmOptions::requireSeen()
     Form_Load();
     throw RuntimeError(RuntimeError::DeviceError, {},
                        tr("The settings could not be read before. They are shown now, and nothing is stored."));
-}
-
-void frmOptions::cmdApply_Click()
-{
-    runReported(m_services.messages, [this] { Apply(); });
-}
-
-void frmOptions::cmdOK_Click()
-{
-    runReported(m_services.messages, [this] {
-        Apply();
-        accept();
-    });
 }
 
 void frmOptions::Control_Click()
