@@ -2,6 +2,7 @@
 
 #include "platform/FileAccess.h"
 #include "platform/Messages.h"
+#include "settings/FileFilters.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -53,11 +54,7 @@ QString CommonDialog::choose(Purpose purpose, const QString &title, const QStrin
     dialog.setAcceptMode(purpose == Purpose::Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     // A name that is not there is reported by who opens it, in the program's own words.
     dialog.setFileMode(QFileDialog::AnyFile);
-    // The last parentheses of a filter are its pattern and are not shown: "*.*" is what people know, but here it would
-    // leave out names without a dot.
-    dialog.setOption(QFileDialog::HideNameFilterDetails);
-    dialog.setNameFilters(
-        {QStringLiteral("Zentil Configuration (*.zcf) (*.zcf)"), QStringLiteral("All Files (*.*) (*)")});
+    setFileFilters(dialog, QStringLiteral("Zentil Configuration (*.zcf)|*.zcf|All Files (*.*)|*.*"));
     if (!m_fileName.isEmpty())
         dialog.setDirectory(QFileInfo(m_fileName).path());
     if (!proposal.isEmpty())

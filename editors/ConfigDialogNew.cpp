@@ -11,6 +11,7 @@
 #include "platform/ByteText.h"
 #include "platform/FileSystem.h"
 #include "platform/Messages.h"
+#include "settings/FileFilters.h"
 #include "settings/RunReported.h"
 
 #include <QCheckBox>
@@ -154,9 +155,7 @@ void ConfigDialogNew::chooseFile()
     dialog->setObjectName(QStringLiteral("CommonDialog"));
     // An item may be monitored before it is there.
     dialog->setFileMode(QFileDialog::AnyFile);
-    // The last parentheses of a filter are its pattern and are not shown: "*.*" would leave out names without a dot.
-    dialog->setOption(QFileDialog::HideNameFilterDetails);
-    dialog->setNameFilter(QStringLiteral("All Files (*.*) (*)"));
+    setFileFilters(*dialog, QStringLiteral("All Files (*.*)|*.*"));
     startAtObject(*dialog);
     const int result = dialog->exec();
     if (!dialog)

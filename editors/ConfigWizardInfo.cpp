@@ -3,6 +3,7 @@
 #include "config/RowList.h"
 #include "config/SettingsDocument.h"
 #include "editors/LineEdit.h"
+#include "settings/FileFilters.h"
 #include "settings/OptionButtons.h"
 #include "settings/WidenDropDown.h"
 
@@ -28,7 +29,7 @@ struct SettingField
     /// Of the check box that says whether there is such a line at all.
     QLatin1String flag;
     QLatin1String browseButton;
-    /// What the file dialog shows, with its pattern.
+    /// What the file dialog behind it offers before all files.
     QLatin1String filter;
     /// What a drop-down offers.
     std::span<const QLatin1String> choices;
@@ -53,9 +54,9 @@ constexpr QLatin1String files("Files"), notification("Notification"), events("Ev
 /// In the order in which they stand on the pages. A field has no frame, label, check box, button or choices where its
 /// column says nothing.
 constexpr std::array<SettingField, 16> settingFields {{
-    {SettingKey::DetectionDb,         files,        {},                                 QLatin1String("Detection database"), {}, QLatin1String("BrowseDB"),  QLatin1String("Zentil DB (*.zdb)"),       {}},
-    {SettingKey::BehaviorDb,          files,        {},                                 QLatin1String("Behavior database"),  {}, QLatin1String("BrowseB"),   QLatin1String("Zentil Behavior (*.bhv)"), {}},
-    {SettingKey::OutputFile,          files,        {},                                 QLatin1String("Output file"),        {}, QLatin1String("BrowseOut"), QLatin1String("Zentil Output (*.zof)"),   {}},
+    {SettingKey::DetectionDb,         files,        {},                                 QLatin1String("Detection database"), {}, QLatin1String("BrowseDB"),  QLatin1String("Zentil DB (*.zdb)|*.zdb|"),       {}},
+    {SettingKey::BehaviorDb,          files,        {},                                 QLatin1String("Behavior database"),  {}, QLatin1String("BrowseB"),   QLatin1String("Zentil Behavior (*.bhv)|*.bhv|"), {}},
+    {SettingKey::OutputFile,          files,        {},                                 QLatin1String("Output file"),        {}, QLatin1String("BrowseOut"), QLatin1String("Zentil Output (*.zof)|*.zof|"),   {}},
     {SettingKey::MailServer,          notification, {},                                 QLatin1String("SMTP server"),        {}, {}, {}, {}},
     {SettingKey::MailTo,              notification, {},                                 QLatin1String("To e-mail address"),  {}, {}, {}, {}},
     {SettingKey::MailFrom,            notification, {},                                 QLatin1String("From e-mail address"), {}, {}, {}, {}},
@@ -285,10 +286,7 @@ void ConfigWizardInfo::browse(const SettingField &field)
     dialog.setObjectName(QStringLiteral("CommonDialog"));
     // Zentil makes the file when it is not there.
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setOption(QFileDialog::HideNameFilterDetails);
-    const QString pattern = QString(field.filter).section(u'(', 1).section(u')', 0, 0);
-    dialog.setNameFilters(
-        {QStringLiteral("%1 (%2)").arg(field.filter, pattern), QStringLiteral("All Files (*.*) (*)")});
+    setFileFilters(dialog, field.filter + QStringLiteral("All Files (*.*)|*.*"));
     if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty())
         controls(field.key).text->setText(QDir::toNativeSeparators(dialog.selectedFiles().constFirst()));
 }
