@@ -3,8 +3,8 @@
 #include "browse/BrowseUsers.h"
 #include "editors/EditorServices.h"
 #include "editors/LineEdit.h"
+#include "editors/RunDialog.h"
 
-#include <QPointer>
 #include <QPushButton>
 
 namespace {
@@ -44,13 +44,8 @@ QString AccountEditorForm::object() const
 
 void AccountEditorForm::browse()
 {
-    // It goes with this form, should that end while it is open.
-    const QPointer<BrowseUsers> picker = new BrowseUsers(m_accounts, this);
+    auto *picker = new BrowseUsers(m_accounts, this);
     (picker->*m_kind.list)(host(), isRemote());
-    picker->exec();
-    if (!picker)
-        return;
     // Also when it was cancelled: the name is empty then.
-    m_objectName->setLine(picker->Selected());
-    picker->deleteLater();
+    runDialog(picker, [&](int) { m_objectName->setLine(picker->Selected()); });
 }

@@ -7,10 +7,10 @@
 #include "editors/FlagPanel.h"
 #include "editors/FlagText.h"
 #include "editors/LineEdit.h"
+#include "editors/RunDialog.h"
 #include "platform/Messages.h"
 
 #include <QComboBox>
-#include <QPointer>
 #include <QPushButton>
 #include <QRegularExpression>
 
@@ -119,14 +119,11 @@ void ConfigDialogLDAP::addPrefixes()
 void ConfigDialogLDAP::browse()
 {
     setCursor(Qt::WaitCursor);
-    // It goes with this form, should that end while it is open.
-    const QPointer<BrowseLDAP> browser = new BrowseLDAP(m_directory, m_scrambler, messages(), this);
+    auto *browser = new BrowseLDAP(m_directory, m_scrambler, messages(), this);
     browser->SetItem(m_objectName->line());
-    const int result = browser->exec();
-    if (!browser)
-        return;
-    if (result == QDialog::Accepted)
-        m_objectName->setLine(browser->url());
-    browser->deleteLater();
-    unsetCursor();
+    runDialog(browser, [&](int result) {
+        if (result == QDialog::Accepted)
+            m_objectName->setLine(browser->url());
+        unsetCursor();
+    });
 }

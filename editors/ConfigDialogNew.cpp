@@ -8,6 +8,7 @@
 #include "editors/FlagAlphabets.h"
 #include "editors/FlagPanel.h"
 #include "editors/LineEdit.h"
+#include "editors/RunDialog.h"
 #include "platform/ByteText.h"
 #include "platform/FileSystem.h"
 #include "platform/Messages.h"
@@ -16,7 +17,6 @@
 
 #include <QCheckBox>
 #include <QFileDialog>
-#include <QPointer>
 #include <QPushButton>
 
 namespace {
@@ -150,20 +150,20 @@ void ConfigDialogNew::reportMissing(const QString &path)
 
 void ConfigDialogNew::chooseFile()
 {
-    // It goes with this form, should that end while it is open.
-    const QPointer<QFileDialog> dialog = new QFileDialog(this, QStringLiteral("Open"));
+    auto *dialog = new QFileDialog(this, QStringLiteral("Open"));
     dialog->setObjectName(QStringLiteral("CommonDialog"));
     // An item may be monitored before it is there.
     dialog->setFileMode(QFileDialog::AnyFile);
     setFileFilters(*dialog, QStringLiteral("All Files (*.*)|*.*"));
     startAtObject(*dialog);
-    const int result = dialog->exec();
-    if (!dialog)
-        return;
-    dialog->deleteLater();
-    const QString chosen = dialog->selectedFiles().value(0);
-    if (result != QDialog::Accepted || chosen.isEmpty())
-        return;
+    runDialog(dialog, [&](int result) {
+        if (result == QDialog::Accepted && !dialog->selectedFiles().isEmpty())
+            takeFile(dialog->selectedFiles().constFirst());
+    });
+}
+
+void ConfigDialogNew::takeFile(const QString &chosen)
+{
     const QString path = m_fileSystem.pathOf(chosen, browsedHost());
     if (path.isEmpty())
         messages().show(tr("No drive leads to \"%1\".").arg(chosen), Messages::Icon::Exclamation);
@@ -183,13 +183,16 @@ void ConfigDialogNew::startAtObject(QFileDialog &dialog) const
 
 void ConfigDialogNew::chooseDrives()
 {
-    const QPointer<BrowseDrives> picker = new BrowseDrives(m_fileSystem, browsedHost(), this);
-    const int result = picker->exec();
-    if (!picker)
-        return;
-    picker->deleteLater();
-    const QStringList drives = picker->GetDrives().split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    if (result != QDialog::Accepted || drives.isEmpty())
+    auto *picker = new BrowseDrives(m_fileSystem, browsedHost(), this);
+    runDialog(picker, [&](int result) {
+        if (result == QDialog::Accepted)
+            takeDrives(picker->GetDrives().split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    });
+}
+
+void ConfigDialogNew::takeDrives(const QStringList &drives)
+{
+    if (drives.isEmpty())
         return;
     if (isNew() && drives.size() > 1) {
         runReported(messages(), [&] { addDrives(drives); });

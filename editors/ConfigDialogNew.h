@@ -38,7 +38,13 @@ private:
 
     void chooseFile();
     void startAtObject(QFileDialog &dialog) const;
+    /// @param chosen as the system knows it
+    void takeFile(const QString &chosen);
+
     void chooseDrives();
+    /// A new item becomes one for each drive where there are several.
+    /// @param drives as the user sees them, "C:\"
+    void takeDrives(const QStringList &drives);
     void addDrives(const QStringList &drives);
 
     /// A path of the line as it is looked at, and back.

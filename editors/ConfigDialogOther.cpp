@@ -4,8 +4,8 @@
 #include "editors/ConfigDialogFlags.h"
 #include "editors/EditorServices.h"
 #include "editors/LineEdit.h"
+#include "editors/RunDialog.h"
 
-#include <QPointer>
 #include <QPushButton>
 
 ConfigDialogOther::ConfigDialogOther(const EditorServices &services, QWidget *parent)
@@ -42,12 +42,9 @@ std::optional<ItemEditorForm::Item> ConfigDialogOther::collectItem()
 
 void ConfigDialogOther::chooseFlags()
 {
-    // It goes with this form, should that end while it is open.
-    const QPointer<ConfigDialogFlags> chooser = new ConfigDialogFlags(this);
-    const int result = chooser->exec();
-    if (!chooser)
-        return;
-    if (result == ConfigDialogFlags::OK)
-        m_objectFlags->setLine(chooser->flags());
-    chooser->deleteLater();
+    auto *chooser = new ConfigDialogFlags(this);
+    runDialog(chooser, [&](int result) {
+        if (result == ConfigDialogFlags::OK)
+            m_objectFlags->setLine(chooser->flags());
+    });
 }

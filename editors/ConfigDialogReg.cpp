@@ -1,10 +1,11 @@
 #include "editors/ConfigDialogReg.h"
 
 #include "browse/BrowseReg.h"
+#include "editors/EditorServices.h"
 #include "editors/FlagAlphabets.h"
 #include "editors/LineEdit.h"
+#include "editors/RunDialog.h"
 
-#include <QPointer>
 #include <QPushButton>
 
 namespace {
@@ -15,7 +16,7 @@ constexpr QLatin1Char separator('\\');
 
 ConfigDialogReg::ConfigDialogReg(const EditorServices &services, QWidget *parent)
     : FlagEditorForm(QLatin1String("ConfigDialogReg"), QStringLiteral("Registry"), services.messages, parent)
-    , m_services(services)
+    , m_registry(services.registry)
     , m_objectName(addObjectField(QStringLiteral("Object to affect")))
 {
     connect(addButtonBehind(QLatin1String("ObjBrowse"), QStringLiteral("Browse...")), &QPushButton::clicked, this,
@@ -34,14 +35,10 @@ QString ConfigDialogReg::object() const
 
 void ConfigDialogReg::chooseKey()
 {
-    // It goes with this form, should that end while it is open.
-    const QPointer<BrowseReg> picker =
-        new BrowseReg(m_services.registry, m_services.messages, browsedHost(), isRemote(), this);
+    auto *picker = new BrowseReg(m_registry, messages(), browsedHost(), isRemote(), this);
     picker->SetItem(m_objectName->line());
-    const int result = picker->exec();
-    if (!picker)
-        return;
-    if (result == QDialog::Accepted)
-        m_objectName->setLine(picker->keyPath());
-    picker->deleteLater();
+    runDialog(picker, [&](int result) {
+        if (result == QDialog::Accepted)
+            m_objectName->setLine(picker->keyPath());
+    });
 }

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "editors/EditorServices.h"
 #include "editors/FlagEditorForm.h"
+
+class Registry;
+struct EditorServices;
 
 /// The editor for keys of the registry. A new item starts empty.
 class ConfigDialogReg final : public FlagEditorForm
@@ -17,6 +19,6 @@ protected:
 private:
     void chooseKey();
 
-    EditorServices m_services;
+    Registry &m_registry;
     LineEdit *m_objectName;
 };

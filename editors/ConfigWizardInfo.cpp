@@ -3,6 +3,7 @@
 #include "config/RowList.h"
 #include "config/SettingsDocument.h"
 #include "editors/LineEdit.h"
+#include "editors/RunDialog.h"
 #include "settings/FileFilters.h"
 #include "settings/OptionButtons.h"
 #include "settings/WidenDropDown.h"
@@ -282,11 +283,13 @@ void ConfigWizardInfo::SetItem(SettingsWriter &writer, SettingKey key)
 
 void ConfigWizardInfo::browse(const SettingField &field)
 {
-    QFileDialog dialog(this, QStringLiteral("Open"));
-    dialog.setObjectName(QStringLiteral("CommonDialog"));
+    auto *dialog = new QFileDialog(this, QStringLiteral("Open"));
+    dialog->setObjectName(QStringLiteral("CommonDialog"));
     // Zentil makes the file when it is not there.
-    dialog.setFileMode(QFileDialog::AnyFile);
-    setFileFilters(dialog, field.filter + QStringLiteral("All Files (*.*)|*.*"));
-    if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty())
-        controls(field.key).text->setText(QDir::toNativeSeparators(dialog.selectedFiles().constFirst()));
+    dialog->setFileMode(QFileDialog::AnyFile);
+    setFileFilters(*dialog, field.filter + QStringLiteral("All Files (*.*)|*.*"));
+    runDialog(dialog, [&](int result) {
+        if (result == QDialog::Accepted && !dialog->selectedFiles().isEmpty())
+            controls(field.key).text->setText(QDir::toNativeSeparators(dialog->selectedFiles().constFirst()));
+    });
 }

@@ -446,6 +446,18 @@ TEST_F(ConfigWizard, BrowsingFillsTheField)
     EXPECT_EQ(rows().size(), 3);
 }
 
+TEST_F(ConfigWizard, MayEndWhileItsFileDialogIsOpen)
+{
+    open({});
+    const auto proof = onNextDialog([this](QWidget &) {
+        form->close();
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !form; }));
+    });
+    press(*form, "BrowseDB");
+    EXPECT_TRUE(proof->handled);
+    EXPECT_FALSE(form);
+}
+
 TEST_F(ConfigWizard, IsUsableByKeyboardAndReadAloud)
 {
     open(allKeys);
