@@ -1,9 +1,9 @@
 #include "browse/BrowseUsers.h"
 
+#include "browse/DialogButtons.h"
 #include "browse/UsersGroups.h"
 #include "platform/ByteText.h"
 
-#include <QHBoxLayout>
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -19,7 +19,7 @@ constexpr int nameRole = Qt::UserRole;
 
 /// A list in which no entry is the current one until the user goes to it. The toolkit would make the first one current,
 /// without selecting it, when the list gets the focus; then the first press of an arrow key would pass over it.
-class NameList final : public QListWidget
+class AccountList final : public QListWidget
 {
 public:
     using QListWidget::QListWidget;
@@ -41,40 +41,26 @@ protected:
     }
 };
 
-QPushButton *addButton(QHBoxLayout &row, const QString &name, const QString &caption)
-{
-    auto *button = new QPushButton(caption);
-    button->setObjectName(name);
-    row.addWidget(button);
-    return button;
-}
-
 } // namespace
 
 BrowseUsers::BrowseUsers(Accounts &accounts, QWidget *parent)
     : QDialog(parent)
     , m_accounts(accounts)
-    , m_list(new NameList(this))
+    , m_list(new AccountList(this))
 {
     setObjectName(QStringLiteral("BrowseUsers"));
     setModal(true);
     m_list->setObjectName(QStringLiteral("List"));
     m_list->setUniformItemSizes(true);
 
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    QPushButton *okButton = addButton(*buttons, QStringLiteral("OKButton"), QStringLiteral("OK"));
-    okButton->setDefault(true);
-    QPushButton *cancelButton = addButton(*buttons, QStringLiteral("CancelButton"), QStringLiteral("Cancel"));
-
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(m_list);
-    layout->addLayout(buttons);
+    // The room that a bigger window gives goes to the list.
+    layout->addWidget(m_list, 1);
+    QPushButton *okButton = addDialogButtons(*this, *layout, QStringLiteral("OK"), QStringLiteral("Cancel"));
     resize(listWidth * fontMetrics().averageCharWidth(), listHeight * fontMetrics().lineSpacing());
 
     connect(okButton, &QPushButton::clicked, this, &BrowseUsers::takeSelection);
     connect(m_list, &QListWidget::itemDoubleClicked, this, &BrowseUsers::takeSelection);
-    connect(cancelButton, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 void BrowseUsers::ShowUsers(const QString &host, bool isRemote)
