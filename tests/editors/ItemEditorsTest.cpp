@@ -111,9 +111,9 @@ TEST_F(ItemEditorsTest, GoWithTheWindowThatTheyStandInFrontOf)
     mainWindow.reset();
     EXPECT_FALSE(form);
     EXPECT_FALSE(shared);
-    // What is gone is not looked at any more.
+    // What is gone is not looked at any more: neither the forms nor the window.
     editors.closeEditorsOf(document);
-    EXPECT_NE(&editors.sharedEditor(ItemKind::Line), nullptr);
+    EXPECT_EQ(dynamic_cast<ItemEditorForm &>(editors.sharedEditor(ItemKind::Line)).parentWidget(), nullptr);
 }
 
 TEST_F(ItemEditorsTest, EndTheirFormsAtTheirOwnEnd)
