@@ -271,9 +271,33 @@ INSTANTIATE_TEST_SUITE_P(Cases, MessageBoxAnswer, testing::Values(
     AnswerCase{"Closed",              Messages::Buttons::YesNoCancel, "",             Messages::Answer::Cancel},
     AnswerCase{"YesWithoutCancel",    Messages::Buttons::YesNo,       "YesButton",    Messages::Answer::Yes},
     AnswerCase{"NoWithoutCancel",     Messages::Buttons::YesNo,       "NoButton",     Messages::Answer::No},
-    AnswerCase{"ClosedWithoutCancel", Messages::Buttons::YesNo,       "",             Messages::Answer::No}
+    AnswerCase{"ClosedWithoutCancel", Messages::Buttons::YesNo,       "",             Messages::Answer::No},
+    AnswerCase{"YesOrElseNo",         Messages::Buttons::YesOrElseNo, "YesButton",    Messages::Answer::Yes},
+    AnswerCase{"NoOrElseNo",          Messages::Buttons::YesOrElseNo, "NoButton",     Messages::Answer::No},
+    AnswerCase{"ClosedOrElseNo",      Messages::Buttons::YesOrElseNo, "",             Messages::Answer::No}
 ), [](const auto &tested) { return tested.param.name; });
 // clang-format on
+
+// A password goes out unencrypted after such a question: not because somebody has gone on pressing Enter.
+TEST(MessageBox, TheEnterKeySaysYesUnlessNoIsTheDefault)
+{
+    MessageBoxes realBoxes;
+    Messages &boxes = realBoxes;
+    const QMap<Messages::Buttons, Messages::Answer> answers{
+        {Messages::Buttons::YesNo, Messages::Answer::Yes},
+        {Messages::Buttons::YesNoCancel, Messages::Answer::Yes},
+        {Messages::Buttons::YesOrElseNo, Messages::Answer::No},
+    };
+    for (auto answer = answers.begin(); answer != answers.end(); ++answer) {
+        const auto asked = onNextDialog([](QWidget &dialog) {
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+            key(dialog, Qt::Key_Return);
+            EXPECT_FALSE(dialog.isVisible());
+        });
+        EXPECT_EQ(boxes.ask("Send it?", answer.key()), answer.value()) << int(answer.key());
+        EXPECT_TRUE(asked->handled);
+    }
+}
 
 TEST(MessageBox, ButtonsHaveUniqueMnemonicsAndTabReachesAll)
 {
