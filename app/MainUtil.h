@@ -12,6 +12,7 @@ public:
     /// Makes the first panel of the status bar.
     explicit MainUtil(QStatusBar &statusBar);
 
+    /// The text of the first panel, as plain text.
     [[nodiscard]] QString status() const;
     void setStatus(const QString &text);
 

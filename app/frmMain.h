@@ -53,11 +53,12 @@ public:
     frmMain(const Services &services, const ProgramPathForm &programPath);
     ~frmMain() override;
 
-    /// Opens one file in a new document window. When that fails, no window is left behind.
+    /// Opens one file in a new document window. One that is not there is reported. When the file cannot be opened, no
+    /// window is left behind.
     /// @throws RuntimeError as ConfigForm::Form_Load_Data() does
     void Load(const QString &path);
 
-    /// Opens files in order, those that are not there too; each error is shown, and the next file is opened.
+    /// Opens files in order; each error is shown, and the next file is opened.
     void LoadAll(const QStringList &paths);
 
     /// The active document; nullptr when there is none. It stays active while another window of the program is used.

@@ -5,6 +5,8 @@
 
 #include <optional>
 
+/// Names of entries are those of RFC 4514, see platform/DistinguishedName.h.
+
 /// The names from a context down to an entry, the context's own not among them: "ou=a", "cn=b" for "cn=b,ou=a,dc=x"
 /// below "dc=x". Nothing when the entry is not in the context. Names are compared by what they mean, and without regard
 /// to case.

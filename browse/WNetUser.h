@@ -10,7 +10,8 @@
 /// behind it begins.
 using EnumerateBatch = std::function<quint32(Accounts::Batch &batch, quintptr &resumeHandle)>;
 
-/// How large a batch should be at most, in bytes: a large server is read in many small ones.
+/// How large a batch should be at most, in bytes (prefmaxlen of NetUserEnum() and the others): a large server is read
+/// in many small ones.
 inline constexpr quint32 preferredBatchLength = 255;
 
 /// All names that an enumeration gives, in its order. An error ends it with what has been read up to there. Every

@@ -30,7 +30,7 @@ public:
 
     void setRows(std::vector<Row> rows);
 
-    /// Selects a row as if the user had chosen it, but tells nobody.
+    /// Selects a row, from 0, as if the user had chosen it, but tells nobody.
     void selectRow(int row);
 
 signals:

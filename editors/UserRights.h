@@ -9,7 +9,7 @@
 /// A right or privilege that an account may hold.
 struct UserRight
 {
-    /// The constant by which the system knows it.
+    /// The constant by which Windows knows it: an account right or a privilege, as in its LsaEnumerateAccountRights().
     QLatin1String name;
     QLatin1String description;
 };

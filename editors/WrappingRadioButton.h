@@ -4,7 +4,8 @@
 
 class QStyleOptionButton;
 
-/// An option button with a caption of several lines.
+/// An option button with a caption of several lines. An arrow key that goes from it to the next one selects that, also
+/// when none of them was selected before.
 class WrappingRadioButton final : public QRadioButton
 {
     Q_OBJECT
