@@ -143,12 +143,9 @@ void BrowseLDAP::connectControls()
     connect(findChild<QPushButton *>(QStringLiteral("Command1")), &QPushButton::clicked, this,
             [this] { (void)connectToServer(); });
     connect(m_tree, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem *node) { readChildren(*node); });
-    connect(m_tree, &QTreeWidget::itemClicked, this, &BrowseLDAP::showEntry);
-    // With the keys too. The current node is no sign: the tree makes one of its own when it gets the focus.
-    connect(m_tree, &QTreeWidget::itemSelectionChanged, this, [this] {
-        const QList<QTreeWidgetItem *> selected = m_tree->selectedItems();
-        if (!selected.isEmpty() && !m_isOpening)
-            showEntry(selected.first());
+    connect(m_tree, &PickerTree::picked, this, [this](const QTreeWidgetItem *node) {
+        if (!m_isOpening)
+            showEntry(*node);
     });
 }
 
@@ -266,7 +263,7 @@ bool BrowseLDAP::connectToServer()
         return false;
     }
     for (const QString &context : std::as_const(contexts))
-        m_tree->addTopLevelItem(EntryTree::newNode(context, m_access.pathOf(context)));
+        m_tree->addTopLevelItem(m_tree->newNode(context, m_access.pathOf(context)));
     if (contexts.isEmpty())
         m_messages.show(QStringLiteral("Connection successful, but no items returned. Perhaps you don't have "
                                        "authorization to view the schema. Try using a different user and password."));
@@ -308,7 +305,7 @@ QTreeWidgetItem *BrowseLDAP::attachContext(const QString &distinguishedName)
         std::unique_ptr<DirectoryObject> entry;
         const DirectoryStatus status = waitFor([&] { return m_access.open(path, entry); });
         if (status.isSuccess()) {
-            QTreeWidgetItem *node = EntryTree::newNode(context, path);
+            QTreeWidgetItem *node = m_tree->newNode(context, path);
             m_tree->addTopLevelItem(node);
             return node;
         }
@@ -335,7 +332,7 @@ void BrowseLDAP::readChildren(QTreeWidgetItem &node)
     using Code = DirectoryStatus::Code;
     if (m_isWaiting || !EntryTree::hasPlaceholder(node))
         return;
-    EntryTree::removeChildren(node);
+    EntryTree::removePlaceholder(node);
     useAccount();
     const DirectoryStatus status = waitFor([&] {
         std::unique_ptr<DirectoryObject> entry;
@@ -344,8 +341,10 @@ void BrowseLDAP::readChildren(QTreeWidgetItem &node)
             return opened;
         return entry->children([&](const QList<DirectoryChild> &children) {
             QList<QTreeWidgetItem *> nodes;
-            for (const DirectoryChild &child : children)
-                nodes << EntryTree::newNode(child.Name, child.path, child.isElsewhere);
+            for (const DirectoryChild &child : children) {
+                nodes << (child.isElsewhere ? EntryTree::newNodeElsewhere(child.Name, child.path)
+                                            : m_tree->newNode(child.Name, child.path));
+            }
             node.addChildren(nodes);
         });
     });
@@ -353,22 +352,22 @@ void BrowseLDAP::readChildren(QTreeWidgetItem &node)
         return;
     if (status.code != Code::Incomplete) {
         // With its placeholder it can be tried again.
-        EntryTree::forgetChildren(node);
+        m_tree->forgetChildren(node);
     }
     if (status.code != Code::Cancelled)
         m_messages.show(status.text, Messages::Icon::Exclamation);
 }
 
-void BrowseLDAP::showEntry(const QTreeWidgetItem *node)
+void BrowseLDAP::showEntry(const QTreeWidgetItem &node)
 {
-    const QString key = EntryTree::keyOf(*node);
+    const QString key = EntryTree::keyOf(node);
     // A click selects first.
     if (m_isWaiting || (key == m_shownKey && key == m_object->text()))
         return;
     m_shownKey = key;
     m_object->setText(key);
     m_properties->clear();
-    if (EntryTree::isElsewhere(*node))
+    if (EntryTree::isElsewhere(node))
         return;
     useAccount();
     std::unique_ptr<DirectoryObject> entry;

@@ -64,7 +64,7 @@ private:
     // The tree
     void expand(QTreeWidgetItem &node);
     void readChildren(QTreeWidgetItem &node);
-    void showEntry(const QTreeWidgetItem *node);
+    void showEntry(const QTreeWidgetItem &node);
     void useAccount();
 
     void takeResult();

@@ -1,6 +1,7 @@
 #include "browse/BrowseReg.h"
 
 #include "browse/DialogButtons.h"
+#include "browse/PickerTree.h"
 #include "platform/Messages.h"
 #include "registry/clsKey.h"
 #include "registry/RegistryConstants.h"
@@ -8,12 +9,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTreeWidget>
 #include <QVBoxLayout>
 
 #include <array>
 #include <limits>
-#include <memory>
 
 namespace {
 
@@ -28,24 +27,9 @@ constexpr std::array roots {
 };
 // clang-format on
 
-/// Where a node has its key.
-constexpr int nodeKeyRole = Qt::UserRole;
-
 // How big the window is at first, in characters.
 constexpr int windowWidth = 64;
 constexpr int windowHeight = 26;
-
-QString nodeKeyOf(const QTreeWidgetItem &node)
-{
-    return node.data(0, nodeKeyRole).toString();
-}
-
-std::unique_ptr<QTreeWidgetItem> newItem(const QString &text, const QString &nodeKey)
-{
-    auto item = std::make_unique<QTreeWidgetItem>(QStringList{text});
-    item->setData(0, nodeKeyRole, nodeKey);
-    return item;
-}
 
 } // namespace
 
@@ -55,14 +39,10 @@ BrowseReg::BrowseReg(Registry &registry, Messages &messages, const QString &host
     , m_messages(messages)
     , m_host(host)
     , m_isRemote(isRemote)
-    , m_keyList(new QTreeWidget(this))
+    , m_keyList(new PickerTree(QLatin1String("KeyList"), tr("Registry keys"), QLatin1String("Junk"), this))
     , m_objectName(new QLineEdit(this))
 {
     setObjectName(QStringLiteral("BrowseReg"));
-    m_keyList->setObjectName(QStringLiteral("KeyList"));
-    m_keyList->setAccessibleName(tr("Registry keys"));
-    m_keyList->setHeaderHidden(true);
-    m_keyList->setUniformRowHeights(true);
     m_objectName->setObjectName(QStringLiteral("ObjectName"));
     m_objectName->setMaxLength(std::numeric_limits<int>::max());
     auto *label = new QLabel(tr("&Key"), this);
@@ -84,13 +64,7 @@ BrowseReg::BrowseReg(Registry &registry, Messages &messages, const QString &host
     resize(windowWidth * fontMetrics().averageCharWidth(), windowHeight * fontMetrics().height());
     m_keyList->setFocus();
     connect(m_keyList, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem *node) { readSubKeys(*node); });
-    connect(m_keyList, &QTreeWidget::itemClicked, this, &BrowseReg::showPath);
-    // With the keys too. The current node is no sign: the tree makes one of its own when it gets the focus.
-    connect(m_keyList, &QTreeWidget::itemSelectionChanged, this, [this] {
-        const QList<QTreeWidgetItem *> selected = m_keyList->selectedItems();
-        if (!selected.isEmpty())
-            showPath(selected.first());
-    });
+    connect(m_keyList, &PickerTree::picked, this, &BrowseReg::showPath);
 }
 
 void BrowseReg::SetItem(const QString &path)
@@ -125,18 +99,9 @@ void BrowseReg::updateTitle()
 
 QTreeWidgetItem *BrowseReg::newNode(const QString &text, const QString &nodeKey)
 {
-    QTreeWidgetItem *node = newItem(text, nodeKey).release();
-    // A child, whatever it is, is what makes the node expandable.
-    node->addChild(newItem(QStringLiteral("Junk"), KeyPaths::placeholderKey(nodeKey)).release());
+    QTreeWidgetItem *node = m_keyList->newNode(text, nodeKey);
     m_nodes.insert(nodeKey, node);
     return node;
-}
-
-void BrowseReg::removePlaceholder(QTreeWidgetItem &node)
-{
-    const QString placeholderKey = KeyPaths::placeholderKey(nodeKeyOf(node));
-    if (node.childCount() > 0 && nodeKeyOf(*node.child(0)) == placeholderKey)
-        std::unique_ptr<QTreeWidgetItem>(node.takeChild(0)).reset();
 }
 
 bool BrowseReg::canOpen(const QString &path) const
@@ -166,7 +131,7 @@ void BrowseReg::nameHost(const QString &path)
 {
     const QString root = path.section(QLatin1Char('\\'), 0, 0);
     if (QTreeWidgetItem *node = m_nodes.value(KeyPaths::nodeKey(root)); node && m_isRemote)
-        node->setText(0, m_paths.path(nodeKeyOf(*node)) + QStringLiteral("(\\\\%1)").arg(m_host));
+        node->setText(0, m_paths.path(PickerTree::keyOf(*node)) + QStringLiteral("(\\\\%1)").arg(m_host));
 }
 
 void BrowseReg::walk(const QString &path)
@@ -197,7 +162,7 @@ void BrowseReg::expand(QTreeWidgetItem &node)
 
 void BrowseReg::readSubKeys(QTreeWidgetItem &node)
 {
-    const QString path = m_paths.path(nodeKeyOf(node));
+    const QString path = m_paths.path(PickerTree::keyOf(node));
     clsKey key(m_registry);
     key.OpenFull(path, m_host, 0, RegistryConstants::allAccess);
     if (!key.KeyOK()) {
@@ -207,7 +172,7 @@ void BrowseReg::readSubKeys(QTreeWidgetItem &node)
         m_messages.show(QStringLiteral("Unable to read key ") + path + from);
         return;
     }
-    removePlaceholder(node);
+    PickerTree::removePlaceholder(node);
     QList<QTreeWidgetItem *> added;
     for (const clsKey &subKey : key.SubKeys()) {
         const QString nodeKey = m_paths.enter(path + QLatin1Char('\\') + subKey.Name());
@@ -220,7 +185,7 @@ void BrowseReg::readSubKeys(QTreeWidgetItem &node)
 
 void BrowseReg::showPath(const QTreeWidgetItem *node)
 {
-    const QString path = m_paths.path(nodeKeyOf(*node));
+    const QString path = m_paths.path(PickerTree::keyOf(*node));
     if (!path.isEmpty())
         m_objectName->setText(shownKeyPath(path));
 }

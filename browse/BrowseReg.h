@@ -4,9 +4,10 @@
 
 #include <QDialog>
 #include <QHash>
+
 class Messages;
+class PickerTree;
 class QLineEdit;
-class QTreeWidget;
 class QTreeWidgetItem;
 class Registry;
 
@@ -32,7 +33,6 @@ private:
     void addRoots();
     void updateTitle();
     QTreeWidgetItem *newNode(const QString &text, const QString &nodeKey);
-    void removePlaceholder(QTreeWidgetItem &node);
 
     [[nodiscard]] bool canOpen(const QString &path) const;
     /// Looks for the key on the host, then here. @return whether it can be opened; the user is told when not
@@ -51,6 +51,6 @@ private:
     KeyPaths m_paths;
     /// By the keys of their nodes; placeholders are not in it.
     QHash<QString, QTreeWidgetItem *> m_nodes;
-    QTreeWidget *m_keyList;
+    PickerTree *m_keyList;
     QLineEdit *m_objectName;
 };

@@ -3,77 +3,28 @@
 #include "browse/DirectoryLevels.h"
 
 #include <limits>
-#include <memory>
 
 namespace {
 
-constexpr int keyRole = Qt::UserRole;
-constexpr int elsewhereRole = Qt::UserRole + 1;
-
-QString placeholderKey(const QTreeWidgetItem &node)
-{
-    return EntryTree::keyOf(node) + QStringLiteral("::JUNK");
-}
-
-std::unique_ptr<QTreeWidgetItem> newItem(const QString &text, const QString &key)
-{
-    auto item = std::make_unique<QTreeWidgetItem>(QStringList{text});
-    item->setData(0, keyRole, key);
-    return item;
-}
-
-/// A child, whatever it is, is what makes a node expandable.
-void addPlaceholder(QTreeWidgetItem &node)
-{
-    node.addChild(newItem(QStringLiteral("JUNK"), placeholderKey(node)).release());
-}
+constexpr int elsewhereRole = Qt::UserRole + 2;
 
 } // namespace
 
 EntryTree::EntryTree(QWidget *parent)
-    : QTreeWidget(parent)
+    : PickerTree(QLatin1String("Tree"), tr("Directory entries"), QLatin1String("JUNK"), parent)
 {
-    setObjectName(QStringLiteral("Tree"));
-    setAccessibleName(tr("Directory entries"));
-    setHeaderHidden(true);
-    setUniformRowHeights(true);
 }
 
-QTreeWidgetItem *EntryTree::newNode(const QString &name, const QString &key, bool isElsewhere)
+QTreeWidgetItem *EntryTree::newNodeElsewhere(const QString &name, const QString &key)
 {
-    QTreeWidgetItem *node = newItem(name, key).release();
-    node->setData(0, elsewhereRole, isElsewhere);
-    if (!isElsewhere)
-        addPlaceholder(*node);
+    QTreeWidgetItem *node = newLeaf(name, key);
+    node->setData(0, elsewhereRole, true);
     return node;
-}
-
-QString EntryTree::keyOf(const QTreeWidgetItem &node)
-{
-    return node.data(0, keyRole).toString();
 }
 
 bool EntryTree::isElsewhere(const QTreeWidgetItem &node)
 {
     return node.data(0, elsewhereRole).toBool();
-}
-
-bool EntryTree::hasPlaceholder(const QTreeWidgetItem &node)
-{
-    return node.childCount() > 0 && keyOf(*node.child(0)) == placeholderKey(node);
-}
-
-void EntryTree::removeChildren(QTreeWidgetItem &node)
-{
-    for (QTreeWidgetItem *child : node.takeChildren())
-        std::unique_ptr<QTreeWidgetItem>(child).reset();
-}
-
-void EntryTree::forgetChildren(QTreeWidgetItem &node)
-{
-    removeChildren(node);
-    addPlaceholder(node);
-    node.setExpanded(false);
 }
 
 QTreeWidgetItem *EntryTree::childNamed(const QTreeWidgetItem &node, const QString &name)

@@ -55,8 +55,3 @@ QString KeyPaths::nodeKey(const QString &path)
         c = c.toUpper();
     return key;
 }
-
-QString KeyPaths::placeholderKey(const QString &nodeKey)
-{
-    return nodeKey + QStringLiteral("::Junk");
-}

@@ -24,9 +24,6 @@ public:
     /// The key that the node of a path has.
     [[nodiscard]] static QString nodeKey(const QString &path);
 
-    /// The key of the placeholder below a node whose sub-keys have not been read.
-    [[nodiscard]] static QString placeholderKey(const QString &nodeKey);
-
 private:
     QHash<QString, QString> m_paths;
 };

@@ -58,14 +58,6 @@ TEST(KeyPaths, WhatWasNotEnteredHasNoPath)
     EXPECT_EQ(KeyPaths().path("HKEY_USERS"), "");
 }
 
-TEST(KeyPaths, NoPlaceholderHasTheKeyOfANode)
-{
-    KeyPaths paths;
-    const QString key = paths.enter("HKEY_USERS\\a");
-    EXPECT_EQ(KeyPaths::placeholderKey(key), key + "::Junk");
-    EXPECT_NE(KeyPaths::nodeKey("HKEY_USERS\\a::Junk"), KeyPaths::placeholderKey(key));
-}
-
 TEST(KeyPaths, KeysThatTheRegistryTellsApartStayTwo)
 {
     EXPECT_NE(KeyPaths::nodeKey("HKEY_USERS\\stra\u00DFe"), KeyPaths::nodeKey("HKEY_USERS\\strasse"));
