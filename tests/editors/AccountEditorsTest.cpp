@@ -366,16 +366,6 @@ TEST_F(ConfigDialogUserTest, PicksAnewEachTime)
     EXPECT_TRUE(QTest::qWaitFor([&] { return form.findChildren<QDialog *>().isEmpty(); }));
 }
 
-TEST_F(ConfigDialogUserTest, MayEndWhileItsPickerIsOpen)
-{
-    const QPointer<ItemEditorForm> form = &add(ItemKind::User);
-    browse(*form, [&](QWidget &, QListWidget &) {
-        editors.closeEditorsOf(document);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !form; }));
-    });
-    EXPECT_FALSE(form);
-}
-
 TEST_F(ConfigDialogUserTest, IsUsedWithTheKeyboardAlone)
 {
     ItemEditorForm &form = add(ItemKind::User);

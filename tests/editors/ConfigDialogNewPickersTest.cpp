@@ -99,18 +99,6 @@ TEST_F(FileDialogTest, AFileThatNoDriveLeadsToIsReported)
     EXPECT_EQ(objectOf(form), "C:\\");
 }
 
-TEST_F(FileDialogTest, TheEditorMayEndWhileItIsOpen)
-{
-    const QPointer<ItemEditorForm> form = &addFile();
-    const auto closed = onNextDialog([this, &form](QWidget &) {
-        editors.closeEditorsOf(document);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !form; }));
-    });
-    press(*form, "ObjBrowse");
-    EXPECT_TRUE(closed->handled);
-    EXPECT_FALSE(form);
-}
-
 // Choosing drives
 
 class DrivePickerTest : public FileEditor
@@ -228,18 +216,6 @@ TEST_F(DrivePickerTest, AHostsDrivesAreOffered)
     EXPECT_TRUE(chosen->handled);
     EXPECT_EQ(objectOf(form), "C:\\");
     EXPECT_EQ(folders(form).first(), "\\\\host\\C$\\");
-}
-
-TEST_F(DrivePickerTest, TheEditorMayEndWhileItIsOpen)
-{
-    const QPointer<ItemEditorForm> form = &addFile();
-    const auto closed = onNextDialog([this, &form](QWidget &) {
-        editors.closeEditorsOf(document);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !form; }));
-    });
-    press(*form, "DriveBrowse");
-    EXPECT_TRUE(closed->handled);
-    EXPECT_FALSE(form);
 }
 
 } // namespace

@@ -245,18 +245,6 @@ TEST_F(ConfigDialogRegTest, AHostsRegistryIsBrowsed)
     EXPECT_EQ(textOf(form, "ObjectName"), "HKLM\\There");
 }
 
-TEST_F(ConfigDialogRegTest, TheEditorMayEndWhileTheBrowserIsOpen)
-{
-    const QPointer<ItemEditorForm> form = &add(ItemKind::Registry);
-    const auto closed = onNextDialog([this, &form](QWidget &) {
-        editors.closeEditorsOf(document);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !form; }));
-    });
-    press(*form, "ObjBrowse");
-    EXPECT_TRUE(closed->handled);
-    EXPECT_FALSE(form);
-}
-
 TEST_F(ConfigDialogRegTest, TheKeyboardIsEnough)
 {
     ItemEditorForm &form = add(ItemKind::Registry);

@@ -138,4 +138,44 @@ TEST_F(EditorStructure, EverythingFitsASmallScreen)
     });
 }
 
+// Dialogs of a form
+
+struct DialogCase
+{
+    const char *name;
+    ItemKind kind;
+    const char *button;
+};
+
+class DialogOfAnEditor : public Editors, public testing::WithParamInterface<DialogCase>
+{
+};
+
+// The document of an editor may close at any time. A dialog that came back to a form that is gone would write into it.
+TEST_P(DialogOfAnEditor, GoesWithItsEditor)
+{
+    fileSystem.addDrive("C:\\");
+    const QPointer<ItemEditorForm> form = &add(GetParam().kind);
+    const auto closed = onNextDialog([this, &form](QWidget &) {
+        editors.closeEditorsOf(document);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !form; }));
+    });
+    press(*form, GetParam().button);
+    EXPECT_TRUE(closed->handled);
+    EXPECT_FALSE(form);
+}
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Dialogs, DialogOfAnEditor, testing::Values(
+    DialogCase{"OpenFile",         ItemKind::File,             "ObjBrowse"},
+    DialogCase{"Drives",           ItemKind::File,             "DriveBrowse"},
+    DialogCase{"RegistryKeys",     ItemKind::Registry,         "ObjBrowse"},
+    DialogCase{"Users",            ItemKind::User,             "Browse"},
+    DialogCase{"Groups",           ItemKind::Group,            "Browse"},
+    DialogCase{"DirectoryEntries", ItemKind::DirectoryService, "ObjBrowse"},
+    DialogCase{"Flags",            ItemKind::Other,            "FlagsInquire"},
+    DialogCase{"Prefixes",         ItemKind::Other,            "ButtonPrefixQuery"}
+), [](const auto &tested) { return tested.param.name; });
+// clang-format on
+
 } // namespace

@@ -174,18 +174,6 @@ TEST_F(ConfigDialogOtherTest, AnEmptyChoiceEmptiesTheFlags)
     EXPECT_EQ(textOf(form, "ObjectFlags"), "");
 }
 
-TEST_F(ConfigDialogOtherTest, MayEndWhileItsChooserIsOpen)
-{
-    const QPointer<ItemEditorForm> form = &add(ItemKind::Other);
-    const auto closed = onNextDialog([this, &form](QWidget &) {
-        editors.closeEditorsOf(document);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !form; }));
-    });
-    press(*form, "FlagsInquire");
-    EXPECT_TRUE(closed->handled);
-    EXPECT_FALSE(form);
-}
-
 // Misc
 
 class ConfigDialogMiscTest : public Editors
