@@ -2,6 +2,7 @@
 
 #include "browse/BrowseLDAP.h"
 #include "browse/EntryTree.h"
+#include "tests/browse/TreeGestures.h"
 #include "tests/support/FakeDirectory.h"
 #include "tests/support/FakeMessages.h"
 #include "tests/support/FakeScrambler.h"
@@ -10,7 +11,6 @@
 
 #include <QLineEdit>
 #include <QListWidget>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -46,36 +46,9 @@ protected:
     [[nodiscard]] QString textOf(const char *field) const { return control<QLineEdit>(*picker, field)->text(); }
     void enter(const char *field, const QString &text) const { control<QLineEdit>(*picker, field)->setText(text); }
 
-    [[nodiscard]] static QStringList childrenOf(const QTreeWidgetItem &parent)
-    {
-        QStringList texts;
-        for (int i = 0; i < parent.childCount(); ++i)
-            texts << parent.child(i)->text(0);
-        return texts;
-    }
-
     [[nodiscard]] QStringList roots() const { return childrenOf(*tree().invisibleRootItem()); }
-
-    /// The node that the texts lead to.
-    [[nodiscard]] QTreeWidgetItem &node(const QStringList &texts) const
-    {
-        QTreeWidgetItem *at = tree().invisibleRootItem();
-        for (const QString &text : texts) {
-            const qsizetype next = childrenOf(*at).indexOf(text);
-            if (next < 0) {
-                ADD_FAILURE() << "no node " << text.toStdString();
-                return *at;
-            }
-            at = at->child(int(next));
-        }
-        return *at;
-    }
-
-    void click(QTreeWidgetItem &clicked) const
-    {
-        tree().scrollToItem(&clicked);
-        QTest::mouseClick(tree().viewport(), Qt::LeftButton, Qt::NoModifier, tree().visualItemRect(&clicked).center());
-    }
+    [[nodiscard]] QTreeWidgetItem &node(const QStringList &texts) const { return nodeAt(tree(), texts); }
+    void click(const QTreeWidgetItem &clicked) const { clickNode(tree(), clicked); }
 
     [[nodiscard]] QStringList propertyNames() const
     {

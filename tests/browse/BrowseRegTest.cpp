@@ -1,5 +1,6 @@
 #include "browse/BrowseReg.h"
 
+#include "tests/browse/TreeGestures.h"
 #include "tests/support/FakeMessages.h"
 #include "tests/support/FakeRegistry.h"
 #include "tests/support/Gestures.h"
@@ -42,40 +43,9 @@ protected:
     [[nodiscard]] QTreeWidget &tree() const { return *control<QTreeWidget>(*picker, "KeyList"); }
     [[nodiscard]] QString shownPath() const { return control<QLineEdit>(*picker, "ObjectName")->text(); }
 
-    /// The node that the texts lead to.
-    [[nodiscard]] QTreeWidgetItem &node(const QStringList &texts) const
-    {
-        QTreeWidgetItem *at = tree().invisibleRootItem();
-        for (const QString &text : texts) {
-            QTreeWidgetItem *next = nullptr;
-            for (int i = 0; i < at->childCount(); ++i) {
-                if (at->child(i)->text(0) == text)
-                    next = at->child(i);
-            }
-            if (!next) {
-                ADD_FAILURE() << "no node " << text.toStdString();
-                return *at;
-            }
-            at = next;
-        }
-        return *at;
-    }
-
-    [[nodiscard]] static QStringList childrenOf(const QTreeWidgetItem &parent)
-    {
-        QStringList texts;
-        for (int i = 0; i < parent.childCount(); ++i)
-            texts << parent.child(i)->text(0);
-        return texts;
-    }
-
     [[nodiscard]] QStringList roots() const { return childrenOf(*tree().invisibleRootItem()); }
-
-    void click(QTreeWidgetItem &clicked) const
-    {
-        tree().scrollToItem(&clicked);
-        QTest::mouseClick(tree().viewport(), Qt::LeftButton, Qt::NoModifier, tree().visualItemRect(&clicked).center());
-    }
+    [[nodiscard]] QTreeWidgetItem &node(const QStringList &texts) const { return nodeAt(tree(), texts); }
+    void click(const QTreeWidgetItem &clicked) const { clickNode(tree(), clicked); }
 
     FakeRegistry registry;
     FakeMessages messages;

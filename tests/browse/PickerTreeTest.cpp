@@ -1,9 +1,8 @@
 #include "browse/PickerTree.h"
 
+#include "tests/browse/TreeGestures.h"
 #include "tests/support/Gestures.h"
 #include "tests/support/Printers.h"
-
-#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -19,11 +18,6 @@ protected:
         QObject::connect(&tree, &PickerTree::picked, &tree,
                          [this](const QTreeWidgetItem *node) { pickedKeys << PickerTree::keyOf(*node); });
         showActive(tree);
-    }
-
-    void click(const QTreeWidgetItem &node)
-    {
-        QTest::mouseClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier, tree.visualItemRect(&node).center());
     }
 
     [[nodiscard]] QTreeWidgetItem &node(int index) const { return *tree.topLevelItem(index); }
@@ -75,11 +69,11 @@ TEST_F(PickerTreeTest, MouseAndKeysPickAndTheFocusDoesNot)
     tree.clearFocus();
     tree.setFocus(Qt::TabFocusReason);
     EXPECT_EQ(pickedKeys, QStringList());
-    click(node(1));
+    clickNode(tree, node(1));
     EXPECT_EQ(pickedKeys.value(0), "/b");
     pickedKeys.clear();
     // The same one once more.
-    click(node(1));
+    clickNode(tree, node(1));
     EXPECT_EQ(pickedKeys, QStringList{"/b"});
     pickedKeys.clear();
     key(tree, Qt::Key_Up);
