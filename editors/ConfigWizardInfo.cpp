@@ -86,9 +86,21 @@ std::span<const SettingField> leadingFields(std::span<const SettingField> fields
     return fields.first(static_cast<size_t>(end - fields.begin()));
 }
 
-QString fieldName(SettingKey key)
+/// A drop-down with the choices of a field, of which none is chosen. A file may hold any other text: it is shown as it
+/// stands.
+QComboBox *newDropDown(const SettingField &field, QWidget *parent)
 {
-    return QLatin1String("def_") + keyText(key);
+    auto *list = new QComboBox(parent);
+    list->setEditable(true);
+    list->setInsertPolicy(QComboBox::NoInsert);
+    list->setLineEdit(new LineEdit(QLatin1String("lineEdit"), list));
+    list->setCompleter(nullptr);
+    for (const QLatin1String &choice : field.choices)
+        list->addItem(choice);
+    WidenDropDown(*list);
+    list->setCurrentIndex(-1);
+    list->setAccessibleName(field.frame);
+    return list;
 }
 
 } // namespace
@@ -207,21 +219,11 @@ void ConfigWizardInfo::addField(QGridLayout &layout, const SettingField &field)
         made.field = made.text;
         made.text->setMinimumWidth(fieldWidth * fontMetrics().averageCharWidth());
     } else {
-        auto *list = new QComboBox(this);
-        // A file may hold any other text: it is shown as it stands.
-        list->setEditable(true);
-        list->setInsertPolicy(QComboBox::NoInsert);
-        list->setLineEdit(new LineEdit(QLatin1String("lineEdit"), list));
-        list->setCompleter(nullptr);
-        for (const QLatin1String &choice : field.choices)
-            list->addItem(choice);
-        WidenDropDown(*list);
-        list->setCurrentIndex(-1);
-        list->setAccessibleName(field.frame);
+        QComboBox *list = newDropDown(field, this);
         made.text = list->lineEdit();
         made.field = list;
     }
-    made.field->setObjectName(fieldName(field.key));
+    made.field->setObjectName(QLatin1String("def_") + keyText(field.key));
     if (field.label.isEmpty()) {
         layout.addWidget(made.field, row, 0, Qt::AlignLeft);
         return;
