@@ -37,20 +37,6 @@ protected:
         accounts.globalGroups = QStringList{"Domain Users", "Users"};
     }
 
-    /// Opens a line.
-    ItemEditorForm &show(ItemKind kind, const QString &line)
-    {
-        document.rows = QStringList{line};
-        return edit(kind, 0);
-    }
-
-    /// What a line becomes when it is edited without a change.
-    QString rewritten(ItemKind kind, const QString &line)
-    {
-        press(show(kind, line), "OKButton");
-        return document.rows[0];
-    }
-
     void refuse(const ItemEditorForm &form)
     {
         messages.expectShow(flagMessage, Messages::Icon::Exclamation);
@@ -156,7 +142,7 @@ TEST_F(ConfigDialogUserTest, TheMacroWithAnEventIsWrittenAndNotExpandedWhenItIsR
 
 TEST_F(ConfigDialogUserTest, TheMacroAloneChecksWhatItStandsFor)
 {
-    const ItemEditorForm &form = show(ItemKind::User, "NTUSER:adam $(UA)");
+    const ItemEditorForm &form = editLine(ItemKind::User, "NTUSER:adam $(UA)");
     for (const QChar letter : userLetters)
         EXPECT_EQ(isChecked(form, boxOf(letter).toLatin1()), letter != 'a') << boxOf(letter).toStdString();
     EXPECT_EQ(textOf(form, "OtherFlags"), "");
@@ -168,7 +154,7 @@ TEST_F(ConfigDialogUserTest, BothSpellingsOfTheMacroCheckTheSameBoxes)
     const QString ofButton = "ncCdjhspwlSoebxmuMgRrfLO";
     QStringList shown;
     for (const QString &letters : {userMacroLetters, ofButton}) {
-        ItemEditorForm &form = show(ItemKind::User, "NTUSER:adam " + letters);
+        ItemEditorForm &form = editLine(ItemKind::User, "NTUSER:adam " + letters);
         shown << checkedBoxes(form).join(u' ');
         press(form, "OKButton");
         EXPECT_EQ(document.rows[0], "NTUSER:adam $(UA)");
@@ -183,7 +169,7 @@ TEST_F(ConfigDialogUserTest, BothSpellingsOfTheMacroCheckTheSameBoxes)
 TEST_F(ConfigDialogUserTest, LettersAreDifferentInTheOtherCase)
 {
     for (const QString &letters : {QString("cslomr"), QString("CSLOMR")}) {
-        const ItemEditorForm &form = show(ItemKind::User, "NTUSER:adam " + letters);
+        const ItemEditorForm &form = editLine(ItemKind::User, "NTUSER:adam " + letters);
         for (const QChar letter : QString("cslomrCSLOMR"))
             EXPECT_EQ(isChecked(form, boxOf(letter).toLatin1()), letters.contains(letter))
                 << boxOf(letter).toStdString();
@@ -192,7 +178,7 @@ TEST_F(ConfigDialogUserTest, LettersAreDifferentInTheOtherCase)
 
 TEST_F(ConfigDialogUserTest, OtherOptionsLoseTheirCommas)
 {
-    const ItemEditorForm &form = show(ItemKind::User, "NTUSER:adam ,G,D");
+    const ItemEditorForm &form = editLine(ItemKind::User, "NTUSER:adam ,G,D");
     EXPECT_EQ(checkedBoxes(form), QStringList());
     EXPECT_EQ(textOf(form, "OtherFlags"), "GD");
     press(form, "OKButton");
@@ -201,7 +187,7 @@ TEST_F(ConfigDialogUserTest, OtherOptionsLoseTheirCommas)
 
 TEST_F(ConfigDialogUserTest, ALetterInsideOfAnotherOptionIsTakenForItsBox)
 {
-    const ItemEditorForm &form = show(ItemKind::User, "NTUSER:adam Zone");
+    const ItemEditorForm &form = editLine(ItemKind::User, "NTUSER:adam Zone");
     EXPECT_EQ(checkedBoxes(form), (QStringList{"n", "o", "e"}));
     EXPECT_EQ(textOf(form, "OtherFlags"), "Z");
 }
@@ -209,7 +195,7 @@ TEST_F(ConfigDialogUserTest, ALetterInsideOfAnotherOptionIsTakenForItsBox)
 TEST_F(ConfigDialogUserTest, TheButtonEmptiesEventAndOtherFlagsAndLeavesTheEventsBox)
 {
     for (const bool hasEvent : {false, true}) {
-        const ItemEditorForm &form = show(ItemKind::User, hasEvent ? "NTUSER:adam a,EVT7,?" : "NTUSER:adam a,?");
+        const ItemEditorForm &form = editLine(ItemKind::User, hasEvent ? "NTUSER:adam a,EVT7,?" : "NTUSER:adam a,?");
         press(form, "ButtonUA");
         EXPECT_EQ(textOf(form, "val_EVT"), "");
         EXPECT_EQ(textOf(form, "OtherFlags"), "");
@@ -222,7 +208,7 @@ TEST_F(ConfigDialogUserTest, TheButtonEmptiesEventAndOtherFlagsAndLeavesTheEvent
 
 TEST_F(ConfigDialogUserTest, ClearLeavesEventAndOtherFlags)
 {
-    const ItemEditorForm &form = show(ItemKind::User, "NTUSER:adam nc,EVT7,?");
+    const ItemEditorForm &form = editLine(ItemKind::User, "NTUSER:adam nc,EVT7,?");
     press(form, "ClearButton");
     press(form, "OKButton");
     EXPECT_EQ(document.rows[0], "NTUSER:adam EVT7,?");
@@ -256,7 +242,7 @@ TEST_F(ConfigDialogUserTest, AnExclusionNeedsNoFlags)
 
 TEST_F(ConfigDialogUserTest, ShowsPrefixAndNameWithoutTheTag)
 {
-    const ItemEditorForm &form = show(ItemKind::User, "=\"NTUSER:Guest Account\" n");
+    const ItemEditorForm &form = editLine(ItemKind::User, "=\"NTUSER:Guest Account\" n");
     EXPECT_EQ(textOf(form, "Prefix"), "=");
     EXPECT_EQ(textOf(form, "ObjectName"), "Guest Account");
     press(form, "OKButton");
@@ -422,7 +408,7 @@ TEST_F(ConfigDialogGroupTest, AllFourGiveTheMacroAndThreeTheirLettersInOrder)
 
 TEST_F(ConfigDialogGroupTest, TheMacroWithAnEventChecksAllFourAndFillsTheEvent)
 {
-    const ItemEditorForm &form = show(ItemKind::Group, "NTGROUP:Users $(GA),EVT5");
+    const ItemEditorForm &form = editLine(ItemKind::Group, "NTGROUP:Users $(GA),EVT5");
     EXPECT_EQ(checkedBoxes(form), (QStringList{"n", "c", "g", "m", "EVT"}));
     EXPECT_EQ(textOf(form, "val_EVT"), "5");
     EXPECT_EQ(textOf(form, "OtherFlags"), "");
@@ -432,21 +418,21 @@ TEST_F(ConfigDialogGroupTest, TheMacroWithAnEventChecksAllFourAndFillsTheEvent)
 
 TEST_F(ConfigDialogGroupTest, TheMacroIsExpandedInTheMiddleToo)
 {
-    const ItemEditorForm &form = show(ItemKind::Group, "NTGROUP:Users x$(GA)y");
+    const ItemEditorForm &form = editLine(ItemKind::Group, "NTGROUP:Users x$(GA)y");
     EXPECT_EQ(checkedBoxes(form), (QStringList{"n", "c", "g", "m"}));
     EXPECT_EQ(textOf(form, "OtherFlags"), "xy");
 }
 
 TEST_F(ConfigDialogGroupTest, ACapitalCIsNotTheComment)
 {
-    const ItemEditorForm &form = show(ItemKind::Group, "NTGROUP:Users C");
+    const ItemEditorForm &form = editLine(ItemKind::Group, "NTGROUP:Users C");
     EXPECT_EQ(checkedBoxes(form), QStringList());
     EXPECT_EQ(textOf(form, "OtherFlags"), "C");
 }
 
 TEST_F(ConfigDialogGroupTest, TheButtonChecksAllAndEmptiesEventAndOtherFlags)
 {
-    const ItemEditorForm &form = show(ItemKind::Group, "NTGROUP:Users n,EVT7,?");
+    const ItemEditorForm &form = editLine(ItemKind::Group, "NTGROUP:Users n,EVT7,?");
     press(form, "ButtonGA");
     EXPECT_EQ(textOf(form, "val_EVT"), "");
     EXPECT_TRUE(isChecked(form, "flag_EVT"));

@@ -106,9 +106,9 @@ TEST_F(ConfigDialogNewTest, AFillsAllBoxesButAccessTimeAndMd5)
             << letter.letter;
     press(form, "OKButton");
     EXPECT_EQ(document.rows, QStringList{"C:\\Temp $(A)"});
-    EXPECT_EQ(confirmed("C:\\Temp tcmvsniogpz2,EVT5"), "C:\\Temp $(A),EVT5");
-    EXPECT_EQ(confirmed("C:\\Temp ct"), "C:\\Temp tc");
-    EXPECT_EQ(confirmed("C:\\Temp xyz"), "C:\\Temp z,xy");
+    EXPECT_EQ(rewritten("C:\\Temp tcmvsniogpz2,EVT5"), "C:\\Temp $(A),EVT5");
+    EXPECT_EQ(rewritten("C:\\Temp ct"), "C:\\Temp tc");
+    EXPECT_EQ(rewritten("C:\\Temp xyz"), "C:\\Temp z,xy");
 }
 
 // The last access flag

@@ -20,18 +20,8 @@ protected:
         registry.make("HKEY_CURRENT_USER\\Software");
     }
 
-    ItemEditorForm &editLine(const QString &line)
-    {
-        document.rows = QStringList{line};
-        return edit(ItemKind::Registry, 0);
-    }
-
-    /// What the editor makes of a line without a change.
-    QString confirmed(const QString &line)
-    {
-        press(editLine(line), "OKButton");
-        return document.rows[0];
-    }
+    ItemEditorForm &editLine(const QString &line) { return Editors::editLine(ItemKind::Registry, line); }
+    QString rewritten(const QString &line) { return Editors::rewritten(ItemKind::Registry, line); }
 };
 
 // Texts
@@ -92,7 +82,7 @@ TEST_F(ConfigDialogRegTest, NewItemsAreAddedOneAfterAnother)
 
 TEST_F(ConfigDialogRegTest, AnExclusionNeedsNoFlags)
 {
-    EXPECT_EQ(confirmed("!HKLM\\x"), "!HKLM\\x");
+    EXPECT_EQ(rewritten("!HKLM\\x"), "!HKLM\\x");
 }
 
 // Flags
@@ -126,9 +116,9 @@ TEST_F(ConfigDialogRegTest, TheEventIsWrittenBeforeTheGroup)
 
 TEST_F(ConfigDialogRegTest, AnyOtherGIsTakenAsTheGroup)
 {
-    EXPECT_EQ(confirmed("HKLM\\x cG7x"), "HKLM\\x c,G7,x");
+    EXPECT_EQ(rewritten("HKLM\\x cG7x"), "HKLM\\x c,G7,x");
     // Also one without a number: it is gone then.
-    EXPECT_EQ(confirmed("HKLM\\x cGx"), "HKLM\\x c,x");
+    EXPECT_EQ(rewritten("HKLM\\x cGx"), "HKLM\\x c,x");
 }
 
 TEST_F(ConfigDialogRegTest, TheLogSetHasNoMacro)

@@ -15,11 +15,7 @@ namespace {
 class ConfigDialogRightTest : public Editors
 {
 protected:
-    ItemEditorForm &show(const QString &line)
-    {
-        document.rows = QStringList{line};
-        return edit(ItemKind::UserRight, 0);
-    }
+    ItemEditorForm &editLine(const QString &line) { return Editors::editLine(ItemKind::UserRight, line); }
 
     static QTreeWidget &list(const QWidget &form) { return *control<QTreeWidget>(form, "RightsList"); }
 
@@ -96,7 +92,7 @@ TEST_F(ConfigDialogRightTest, ListsTheRightsInTheirOrder)
 
 TEST_F(ConfigDialogRightTest, IsWideEnoughForItsTextsAtFirst)
 {
-    const ItemEditorForm &form = show("USERRIGHT:SeFoo c");
+    const ItemEditorForm &form = editLine("USERRIGHT:SeFoo c");
     const QTreeWidget &rights = list(form);
     EXPECT_FALSE(rights.horizontalScrollBar()->isVisible());
     EXPECT_TRUE(rights.verticalScrollBar()->isVisible());
@@ -115,7 +111,7 @@ TEST_F(ConfigDialogRightTest, IsWideEnoughForItsTextsAtFirst)
 
 TEST_F(ConfigDialogRightTest, ALargerFormHasALargerList)
 {
-    ItemEditorForm &form = show("USERRIGHT:SeFoo c");
+    ItemEditorForm &form = editLine("USERRIGHT:SeFoo c");
     const int listHeight = list(form).height();
     const int formHeight = form.height();
     form.resize(form.width(), formHeight + 200);
@@ -159,7 +155,7 @@ TEST_F(ConfigDialogRightTest, WritesTickedRightsInTheirOrderAndTypedOnesWithoutT
 
 TEST_F(ConfigDialogRightTest, AnUntickedRightIsNotWritten)
 {
-    const ItemEditorForm &form = show("USERRIGHT:SeTcbPrivilege,SeDebugPrivilege c");
+    const ItemEditorForm &form = editLine("USERRIGHT:SeTcbPrivilege,SeDebugPrivilege c");
     tick(form, 10);
     press(form, "OKButton");
     EXPECT_EQ(document.rows, QStringList{"USERRIGHT:SeDebugPrivilege c"});
@@ -181,7 +177,7 @@ TEST_F(ConfigDialogRightTest, AnEmptyListIsWrittenAndReadBackAsAllRights)
 
 TEST_F(ConfigDialogRightTest, FindsARightInAnyCaseAndWritesItAsTheTableSpellsIt)
 {
-    const ItemEditorForm &form = show("USERRIGHT:seshutdownprivilege c");
+    const ItemEditorForm &form = editLine("USERRIGHT:seshutdownprivilege c");
     EXPECT_FALSE(isChecked(form, "AllRights"));
     EXPECT_EQ(tickedRows(form), QList<int>{22});
     EXPECT_EQ(textOf(form, "ObjectName"), "");
@@ -206,7 +202,7 @@ TEST_F(ConfigDialogRightTest, BlanksInTypedNamesAreLostOnReadingBack)
 TEST_F(ConfigDialogRightTest, NothingBehindTheTagIsAllRights)
 {
     for (const char *line : {"USERRIGHT:", "USERRIGHT: c", "USERRIGHT:* c", "\"USERRIGHT:  \" c"}) {
-        const ItemEditorForm &form = show(line);
+        const ItemEditorForm &form = editLine(line);
         EXPECT_TRUE(isChecked(form, "AllRights")) << line;
         press(form, "CancelButton");
     }
@@ -214,7 +210,7 @@ TEST_F(ConfigDialogRightTest, NothingBehindTheTagIsAllRights)
 
 TEST_F(ConfigDialogRightTest, APrefixIsNotKept)
 {
-    const ItemEditorForm &form = show("!USERRIGHT:SeFoo c,x");
+    const ItemEditorForm &form = editLine("!USERRIGHT:SeFoo c,x");
     EXPECT_TRUE(isChecked(form, "flag_c"));
     EXPECT_EQ(textOf(form, "OtherFlags"), "x");
     press(form, "OKButton");
@@ -256,7 +252,7 @@ TEST_F(ConfigDialogRightTest, ALineOfSingleRightsIsNotTakenForAllAfterOneThatIs)
 
 TEST_F(ConfigDialogRightTest, CancelChangesNothing)
 {
-    const QPointer<ItemEditorForm> form = &show("USERRIGHT:SeTcbPrivilege");
+    const QPointer<ItemEditorForm> form = &editLine("USERRIGHT:SeTcbPrivilege");
     tick(*form, 1);
     press(*form, "CancelButton");
     EXPECT_EQ(document.rows, QStringList{"USERRIGHT:SeTcbPrivilege"});

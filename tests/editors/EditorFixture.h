@@ -65,6 +65,20 @@ protected:
     ItemEditorForm &add(ItemKind kind) { return openForNew(editors.newEditor(kind)); }
     ItemEditorForm &edit(ItemKind kind, qint16 row) { return openForRow(editors.sharedEditor(kind), row); }
 
+    /// Opens a line as the document's only row.
+    ItemEditorForm &editLine(ItemKind kind, const QString &line)
+    {
+        document.rows = QStringList{line};
+        return edit(kind, 0);
+    }
+
+    /// What a line becomes when it is edited without a change.
+    QString rewritten(ItemKind kind, const QString &line)
+    {
+        press(editLine(kind, line), "OKButton");
+        return document.rows[0];
+    }
+
     /// The text of a field.
     [[nodiscard]] static QString textOf(const QWidget &form, const char *field)
     {

@@ -27,18 +27,8 @@ protected:
 
     ItemEditorForm &addFile() { return add(ItemKind::File); }
 
-    ItemEditorForm &editLine(const QString &line)
-    {
-        document.rows = QStringList{line};
-        return edit(ItemKind::File, 0);
-    }
-
-    /// What the editor makes of a line without a change.
-    QString confirmed(const QString &line)
-    {
-        press(editLine(line), "OKButton");
-        return document.rows[0];
-    }
+    ItemEditorForm &editLine(const QString &line) { return Editors::editLine(ItemKind::File, line); }
+    QString rewritten(const QString &line) { return Editors::rewritten(ItemKind::File, line); }
 
     static QListView &list(const QWidget &form, const char *name) { return *control<QListView>(form, name); }
 

@@ -6,24 +6,8 @@
 
 namespace {
 
-class PolicyEditors : public Editors
-{
-protected:
-    ItemEditorForm &show(ItemKind kind, const QString &line)
-    {
-        document.rows = QStringList{line};
-        return edit(kind, 0);
-    }
-
-    QString rewritten(ItemKind kind, const QString &line)
-    {
-        press(show(kind, line), "OKButton");
-        return document.rows[0];
-    }
-};
-
 /// Holds for both.
-class EitherPolicyEditor : public PolicyEditors, public testing::WithParamInterface<ItemKind>
+class EitherPolicyEditor : public Editors, public testing::WithParamInterface<ItemKind>
 {
 protected:
     [[nodiscard]] static QString word()
@@ -86,7 +70,7 @@ TEST_P(EitherPolicyEditor, EventAndOtherFlagsAreWrittenBehindACommaOfWhichTheFir
 
 TEST_P(EitherPolicyEditor, CancelChangesNothing)
 {
-    const QPointer<ItemEditorForm> form = &show(GetParam(), word() + " EVT5");
+    const QPointer<ItemEditorForm> form = &editLine(GetParam(), word() + " EVT5");
     press(*form, "flag_EVT");
     press(*form, "CancelButton");
     EXPECT_EQ(document.rows, QStringList{word() + " EVT5"});
@@ -109,7 +93,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, EitherPolicyEditor, testing::Values(ItemKind::Ac
 
 // Account policy
 
-using ConfigDialogPolicyTest = PolicyEditors;
+using ConfigDialogPolicyTest = Editors;
 
 TEST_F(ConfigDialogPolicyTest, HasItsTexts)
 {
@@ -152,7 +136,7 @@ TEST_F(ConfigDialogPolicyTest, ALetterTypedIntoOtherFlagsIsReadBackAsItsBox)
 TEST_F(ConfigDialogPolicyTest, TakesLettersBeforeTheEvent)
 {
     // Without the "c" in it, the event is whole. The other editors look for it first and do not find it.
-    const ItemEditorForm &form = show(ItemKind::AccountPolicy, "ACCOUNTPOLICY EVcT12");
+    const ItemEditorForm &form = editLine(ItemKind::AccountPolicy, "ACCOUNTPOLICY EVcT12");
     EXPECT_EQ(checkedBoxes(form), (QStringList{"c", "EVT"}));
     EXPECT_EQ(textOf(form, "val_EVT"), "12");
     EXPECT_EQ(textOf(form, "OtherFlags"), "");
@@ -160,14 +144,14 @@ TEST_F(ConfigDialogPolicyTest, TakesLettersBeforeTheEvent)
 
 TEST_F(ConfigDialogPolicyTest, ALetterInCapitalsIsNone)
 {
-    const ItemEditorForm &form = show(ItemKind::AccountPolicy, "ACCOUNTPOLICY CP");
+    const ItemEditorForm &form = editLine(ItemKind::AccountPolicy, "ACCOUNTPOLICY CP");
     EXPECT_EQ(checkedBoxes(form), QStringList());
     EXPECT_EQ(textOf(form, "OtherFlags"), "CP");
 }
 
 // Audit policy
 
-using ConfigDialogAuditTest = PolicyEditors;
+using ConfigDialogAuditTest = Editors;
 
 TEST_F(ConfigDialogAuditTest, HasItsTextsAndNoLetters)
 {
@@ -184,7 +168,7 @@ TEST_F(ConfigDialogAuditTest, NothingCheckedGivesTheBareWord)
 
 TEST_F(ConfigDialogAuditTest, LettersAreOtherFlags)
 {
-    const ItemEditorForm &form = show(ItemKind::AuditPolicy, "AUDITPOLICY cp,EVT5");
+    const ItemEditorForm &form = editLine(ItemKind::AuditPolicy, "AUDITPOLICY cp,EVT5");
     EXPECT_EQ(textOf(form, "val_EVT"), "5");
     EXPECT_EQ(textOf(form, "OtherFlags"), "cp");
     press(form, "OKButton");
