@@ -4,12 +4,6 @@
 
 #include <limits>
 
-namespace {
-
-constexpr int elsewhereRole = Qt::UserRole + 2;
-
-} // namespace
-
 EntryTree::EntryTree(QWidget *parent)
     : PickerTree(QLatin1String("Tree"), tr("Directory entries"), QLatin1String("JUNK"), parent)
 {

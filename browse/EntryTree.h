@@ -19,4 +19,7 @@ public:
 
     /// The top node of the tree that holds an entry; of several, of which one is in the other, the innermost.
     [[nodiscard]] QTreeWidgetItem *contextOf(const QString &distinguishedName) const;
+
+private:
+    static constexpr int elsewhereRole = firstFreeRole;
 };

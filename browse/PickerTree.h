@@ -31,6 +31,10 @@ signals:
     /// The user has gone to a node, with the mouse or the keys. A click may tell it twice.
     void picked(const QTreeWidgetItem *node);
 
+protected:
+    /// The data roles of nodes that derived trees may use begin here.
+    static constexpr int firstFreeRole = Qt::UserRole + 2;
+
 private:
     void addPlaceholder(QTreeWidgetItem &node) const;
 
