@@ -8,7 +8,10 @@
 
 #include <QAbstractItemModelTester>
 #include <QLineEdit>
+#include <QPainter>
+#include <QProxyStyle>
 #include <QScrollBar>
+#include <QStyleOption>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -195,6 +198,48 @@ TEST_F(ListView, TellsWhenItsRowsWantMeasuringAnew)
     large.setPointSize(20);
     list->setRowFont(large);
     EXPECT_GE(told, 1);
+}
+
+/// Shows what is selected by a pale blue behind dark text, as the newer looks of Windows do.
+class PaleSelection final : public QProxyStyle
+{
+public:
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override
+    {
+        if (element == CE_ItemViewItem && option->state & (State_Selected | State_MouseOver))
+            painter->fillRect(option->rect, pale);
+        else
+            QProxyStyle::drawControl(element, option, painter, widget);
+    }
+
+    static constexpr QColor pale{0xcc, 0xe8, 0xff};
+};
+
+TEST_F(ListView, ASelectedRowHasTheColorsOfThePaletteWhateverTheStyle)
+{
+    PaleSelection style;
+    list->setStyle(&style);
+    QPalette colors = list->palette();
+    colors.setColor(QPalette::Highlight, Qt::darkBlue);
+    colors.setColor(QPalette::HighlightedText, Qt::white);
+    list->setPalette(colors);
+    clickRow(*list, 2);
+    clickRow(*list, 1, Qt::ControlModifier);
+    const QRect row = list->visualRect(rows.index(2));
+    const QImage picture = list->viewport()->grab(row).toImage();
+    int dark = 0;
+    int pale = 0;
+    for (int x = 0; x < picture.width(); ++x) {
+        dark += picture.pixelColor(x, 1) == QColor(Qt::darkBlue) ? 1 : 0;
+        pale += picture.pixelColor(x, 1) == PaleSelection::pale ? 1 : 0;
+    }
+    EXPECT_GT(dark, picture.width() / 2);
+    EXPECT_EQ(pale, 0);
+    // The row without a selection is as the style paints it.
+    EXPECT_EQ(list->viewport()->grab(list->visualRect(rows.index(0))).toImage().pixelColor(0, 1),
+              list->palette().color(QPalette::Base));
+    list->setStyle(nullptr);
 }
 
 TEST_F(ListView, AnEmptyListTakesFocusAndKeys)
