@@ -12,6 +12,13 @@
 
 #include <utility>
 
+namespace {
+
+/// How much of a field is seen, in characters. Drivers and servers have long names.
+constexpr int fieldWidth = 32;
+
+} // namespace
+
 frmODBCLogon::frmODBCLogon(DataSources &dataSources, QWidget *parent)
     : QWidget(parent)
     , m_switch(new QPushButton(tr("Database co&nnection"), this))
@@ -79,6 +86,7 @@ void frmODBCLogon::addField(QGridLayout &grid, QLabel *label, QWidget *input, QL
 {
     const int row = grid.rowCount();
     input->setObjectName(name);
+    input->setMinimumWidth(fieldWidth * fontMetrics().averageCharWidth());
     label->setObjectName(QStringLiteral("lbl") + name);
     label->setBuddy(input);
     grid.addWidget(label, row, 0);

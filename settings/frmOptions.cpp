@@ -49,6 +49,7 @@ frmOptions::frmOptions(const Services &services, QWidget *parent)
     addOptionButtons(*this, *layout, m_services.messages, tr("&Apply"), [this] { Apply(); });
     connectKeys();
     Form_Load();
+    m_autoStart->setFocus();
 }
 
 void frmOptions::Apply()
