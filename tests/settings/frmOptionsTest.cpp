@@ -482,26 +482,6 @@ TEST_F(Options, AControlPanelThatIsMissingIsTold)
 
 // Structure
 
-TEST_F(Options, AreNamedAndLabelled)
-{
-    open();
-    EXPECT_EQ(form->objectName(), "frmOptions");
-    EXPECT_EQ(form->windowTitle(), "Options");
-    expectNamedAndLabelled(*form);
-    EXPECT_NE(control<QWidget>(*form, "frmODBCLogon"), nullptr);
-}
-
-TEST_F(Options, MnemonicsAreUnique)
-{
-    open();
-    QMap<QString, QString> texts = mnemonicTexts(*form);
-    for (int index = 0; index < tabs().count(); ++index) {
-        EXPECT_FALSE(mnemonicOf(tabs().tabText(index)).isNull());
-        texts[tabs().widget(index)->objectName()] = tabs().tabText(index);
-    }
-    EXPECT_EQ(sharedMnemonics(texts), QStringList());
-}
-
 TEST_F(Options, EveryControlIsReachedByTabAsThePageIsRead)
 {
     config.setODBCdsn("events");

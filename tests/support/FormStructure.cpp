@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QKeySequence>
@@ -13,6 +14,7 @@
 #include <QMenuBar>
 #include <QRadioButton>
 #include <QSet>
+#include <QTabWidget>
 #include <QTextEdit>
 #include <QToolButton>
 
@@ -133,6 +135,13 @@ void expectNamedAndLabelled(const QWidget &form)
             EXPECT_FALSE(label->objectName().isEmpty()) << "the label " << label->text().toStdString();
         }
     }
+    for (const QGroupBox *frame : form.findChildren<QGroupBox *>())
+        EXPECT_FALSE(frame->objectName().isEmpty()) << "the frame " << frame->title().toStdString();
+    for (const QTabWidget *pages : form.findChildren<QTabWidget *>()) {
+        EXPECT_FALSE(pages->objectName().isEmpty());
+        for (int page = 0; page < pages->count(); ++page)
+            EXPECT_FALSE(pages->widget(page)->objectName().isEmpty()) << pages->tabText(page).toStdString();
+    }
 }
 
 QStringList tabRound(QWidget &form)
@@ -161,5 +170,31 @@ void expectReachableByTab(const QWidget &form, const QStringList &round)
         if (input->isVisible() && input->isEnabled() && !qobject_cast<const QToolButton *>(input)) {
             EXPECT_TRUE(round.contains(input->objectName())) << input->objectName().toStdString();
         }
+    }
+}
+
+void expectReadInOrder(const QWidget &form, const QStringList &round)
+{
+    const QWidget *above = nullptr;
+    for (const QString &name : round) {
+        const QWidget *at = form.window()->findChild<QWidget *>(name);
+        if (above && above->parentWidget() == at->parentWidget() && !qobject_cast<const QCheckBox *>(at)) {
+            const int down = at->mapTo(&form, QPoint()).y() - above->mapTo(&form, QPoint()).y();
+            const bool isBeside = qAbs(down) < qMin(above->height(), at->height()) / 2;
+            EXPECT_TRUE(isBeside ? at->x() > above->x() : down > 0)
+                << name.toStdString() << " behind " << above->objectName().toStdString();
+        }
+        above = at;
+    }
+}
+
+void onEachPage(const QWidget &form, const std::function<void()> &check)
+{
+    auto *pages = form.findChild<QTabWidget *>();
+    for (int page = 0; page < (pages ? pages->count() : 1); ++page) {
+        SCOPED_TRACE(page);
+        if (pages)
+            pages->setCurrentIndex(page);
+        check();
     }
 }

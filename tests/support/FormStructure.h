@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 class QWidget;
 
 /// What has to hold for every form, whatever it is for.
@@ -21,7 +23,7 @@ class QWidget;
 /// The pairs of controls that one key with Alt would reach.
 [[nodiscard]] QStringList sharedMnemonics(const QMap<QString, QString> &texts);
 
-/// Every input has a name of its own and a label, and every label a name.
+/// Every input has a name of its own and a label; every label, frame and set of pages has a name.
 void expectNamedAndLabelled(const QWidget &form);
 
 /// The controls that the Tab key passes through, from the one that has the focus until it comes round.
@@ -29,3 +31,10 @@ void expectNamedAndLabelled(const QWidget &form);
 
 /// The Tab key reaches every input that is visible and enabled. @param round as tabRound() gives it
 void expectReachableByTab(const QWidget &form, const QStringList &round);
+
+/// The Tab key goes through what stands side by side as it is read: from top to bottom, and within a line to the right.
+/// Check boxes may be read down their columns. @param round as tabRound() gives it
+void expectReadInOrder(const QWidget &form, const QStringList &round);
+
+/// Runs check and, where the form has pages, on each of them.
+void onEachPage(const QWidget &form, const std::function<void()> &check);
