@@ -101,14 +101,17 @@ void ConfigListView::changeEvent(QEvent *event)
 
 void ConfigListView::contextMenuEvent(QContextMenuEvent *event)
 {
-    const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
-    const QRect row = visualRect(currentIndex()).intersected(viewport()->rect());
-    emit menuRequested(isByKey ? viewport()->mapToGlobal(row.bottomLeft()) : event->globalPos());
+    emit menuRequested(event->reason() == QContextMenuEvent::Keyboard ? belowCurrentRow() : event->globalPos());
     event->accept();
 }
 
 void ConfigListView::keyPressEvent(QKeyEvent *event)
 {
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        // Not every keyboard has a key for menus, and not on every system the toolkit takes this one for it.
+        emit menuRequested(belowCurrentRow());
+        return;
+    }
     if (event->modifiers() & ~Qt::KeypadModifier) {
         QListView::keyPressEvent(event);
         return;
@@ -136,6 +139,12 @@ bool ConfigListView::scrollSideways(int key)
     horizontalScrollBar()->triggerAction(key == Qt::Key_Left ? QAbstractSlider::SliderSingleStepSub
                                                              : QAbstractSlider::SliderSingleStepAdd);
     return true;
+}
+
+QPoint ConfigListView::belowCurrentRow() const
+{
+    const QRect row = visualRect(currentIndex()).intersected(viewport()->rect());
+    return viewport()->mapToGlobal(row.bottomLeft());
 }
 
 void ConfigListView::takeFont()

@@ -49,6 +49,8 @@ protected:
 
 private:
     [[nodiscard]] bool scrollSideways(int key);
+    /// Where a menu goes that a key asks for, on the screen.
+    [[nodiscard]] QPoint belowCurrentRow() const;
     void takeFont();
     void forgetCurrent();
 

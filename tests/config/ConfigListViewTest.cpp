@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QProxyStyle>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QStyleOption>
 #include <QTest>
 #include <QVBoxLayout>
@@ -240,6 +241,18 @@ TEST_F(ListView, ASelectedRowHasTheColorsOfThePaletteWhateverTheStyle)
     EXPECT_EQ(list->viewport()->grab(list->visualRect(rows.index(0))).toImage().pixelColor(0, 1),
               list->palette().color(QPalette::Base));
     list->setStyle(nullptr);
+}
+
+TEST_F(ListView, ShiftF10AsksForTheMenuBelowTheCurrentRow)
+{
+    QSignalSpy asked(list, &ConfigListView::menuRequested);
+    clickRow(*list, 2);
+    key(window, Qt::Key_F10, Qt::ShiftModifier);
+    ASSERT_EQ(asked.size(), 1);
+    EXPECT_EQ(asked[0][0].toPoint(), list->viewport()->mapToGlobal(list->visualRect(rows.index(2)).bottomLeft()));
+    key(window, Qt::Key_F10);
+    EXPECT_EQ(asked.size(), 1);
+    EXPECT_EQ(selectedRows(), QList<int>{2});
 }
 
 TEST_F(ListView, AnEmptyListTakesFocusAndKeys)
