@@ -74,8 +74,11 @@ class Desktop:
         for name in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_SCALE_FACTOR"):
             os.environ.pop(name, None)
         reading, writing = os.pipe()
+        # Otherwise the display begins anew whenever its last client leaves, and turns away who comes just then: the
+        # window manager, while it is asked for.
         self.start(
-            "Xvfb", "-displayfd", str(writing), "-nolisten", "tcp", "-screen", "0", f"{SCREEN[0]}x{SCREEN[1]}x24",
+            "Xvfb", "-displayfd", str(writing), "-noreset", "-nolisten", "tcp",
+            "-screen", "0", f"{SCREEN[0]}x{SCREEN[1]}x24",
             pass_fds=[writing],
         )
         os.close(writing)
