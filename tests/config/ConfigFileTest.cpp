@@ -2,6 +2,7 @@
 
 #include "config/RowList.h"
 #include "platform/RuntimeError.h"
+#include "tests/support/Errors.h"
 #include "tests/support/FakeFileAccess.h"
 #include "tests/support/FakeShell.h"
 #include "tests/support/Printers.h"
@@ -43,13 +44,10 @@ TEST_F(ConfigFileTest, EmptyFileGivesNoLines)
 
 TEST_F(ConfigFileTest, FileOfEmptyLinesOnlyRaisesInvalidCall)
 {
-    try {
-        (void)linesOf("\r\n\r\n");
-        ADD_FAILURE() << "no error";
-    } catch (const RuntimeError &error) {
-        EXPECT_EQ(error.number(), 5);
-        EXPECT_EQ(error.path(), "f.zcf");
-    }
+    const auto error = errorOf([this] { (void)linesOf("\r\n\r\n"); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->number(), 5);
+    EXPECT_EQ(error->path(), "f.zcf");
 }
 
 TEST_F(ConfigFileTest, SavingADocumentWithoutRowsWritesAnEmptyFile)
@@ -106,12 +104,7 @@ TEST_F(ConfigFileTest, FailedWriteReportsNoSuccess)
 TEST_F(ConfigFileTest, ErrorWhileReadingReachesTheCaller)
 {
     file.SetInfo("missing.zcf");
-    try {
-        (void)file.GetFile();
-        ADD_FAILURE() << "no error";
-    } catch (const RuntimeError &error) {
-        EXPECT_EQ(error.number(), 53);
-    }
+    EXPECT_EQ(errorNumberOf([this] { (void)file.GetFile(); }), 53);
 }
 
 } // namespace

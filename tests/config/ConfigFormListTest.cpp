@@ -136,13 +136,12 @@ TEST_F(Painting, OfARowOfAMegabyteOnlyWhatIsSeenIsLaidOut)
     load(QByteArray(length - 3, 'x') + "end\r\n");
     const int seen = int(list().width() / QFontMetricsF(list().font()).horizontalAdvance(u'x'));
     const QString atStart = paintedText(0);
-    EXPECT_FALSE(atStart.isEmpty());
+    EXPECT_GE(atStart.size(), seen);
     EXPECT_LE(atStart.size(), 2000);
     const QString inside = paintedText(0, list().horizontalExtent() / 2);
-    EXPECT_FALSE(inside.isEmpty());
+    EXPECT_GE(inside.size(), seen);
     EXPECT_LE(inside.size(), 2000);
     EXPECT_TRUE(paintedText(0, list().horizontalExtent()).endsWith("end"));
-    EXPECT_LE(seen, 2000);
 }
 
 TEST_F(Painting, ControlCharactersAreSeen)

@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "tests/config/PlainGrammar.h"
+#include "tests/support/Errors.h"
 #include "tests/support/Printers.h"
 #include "tests/support/Random.h"
 
@@ -9,14 +10,9 @@
 
 namespace {
 
-int errorOf(const QString &text)
+int errorNumberOfParsing(const QString &text)
 {
-    try {
-        (void)ConfigParse().ParseFile(text);
-    } catch (const RuntimeError &error) {
-        return error.number();
-    }
-    return 0;
+    return errorNumberOf([&] { (void)ConfigParse().ParseFile(text); });
 }
 
 TEST(ParseFile, EveryLineEndGivesTheSameLines)
@@ -37,10 +33,10 @@ TEST(ParseFile, DropsEmptyLinesAtTheEndOnly)
 
 TEST(ParseFile, TextWithoutALineThatIsNotEmptyRaisesInvalidCall)
 {
-    EXPECT_EQ(errorOf(""), 5);
-    EXPECT_EQ(errorOf("\r\n"), 5);
-    EXPECT_EQ(errorOf("\n\n\r\r\n"), 5);
-    EXPECT_EQ(errorOf("\n "), 0);
+    EXPECT_EQ(errorNumberOfParsing(""), 5);
+    EXPECT_EQ(errorNumberOfParsing("\r\n"), 5);
+    EXPECT_EQ(errorNumberOfParsing("\n\n\r\r\n"), 5);
+    EXPECT_EQ(errorNumberOfParsing("\n "), 0);
 }
 
 TEST(ParseFile, RandomTextsAreCutAsThePlainModelCutsThem)
@@ -53,7 +49,7 @@ TEST(ParseFile, RandomTextsAreCutAsThePlainModelCutsThem)
         try {
             expected = plain::linesOf(text);
         } catch (const plain::NegativeLength &) {
-            ASSERT_EQ(errorOf(text), 5) << text.toStdString();
+            ASSERT_EQ(errorNumberOfParsing(text), 5) << text.toStdString();
             continue;
         }
         ASSERT_EQ(ConfigParse().ParseFile(text), expected) << text.toStdString();

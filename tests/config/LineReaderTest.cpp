@@ -4,6 +4,7 @@
 #include "platform/ByteText.h"
 #include "platform/RuntimeError.h"
 #include "tests/config/PlainGrammar.h"
+#include "tests/support/Errors.h"
 #include "tests/support/Printers.h"
 #include "tests/support/Random.h"
 
@@ -19,22 +20,18 @@ QStringList linesOf(const QByteArray &bytes, int pieceSize)
     return reader.lines();
 }
 
-RuntimeError errorOf(LineReader &reader)
+RuntimeError errorOfLines(LineReader &reader)
 {
-    try {
-        (void)reader.lines();
-    } catch (const RuntimeError &error) {
-        return error;
-    }
-    ADD_FAILURE() << "no error";
-    return RuntimeError(RuntimeError::DeviceError);
+    const auto error = errorOf([&] { (void)reader.lines(); });
+    EXPECT_TRUE(error);
+    return error.value_or(RuntimeError(RuntimeError::DeviceError));
 }
 
-RuntimeError errorOf(const QByteArray &bytes)
+RuntimeError errorOfLines(const QByteArray &bytes)
 {
     LineReader reader("file.zcf");
     reader.take(bytes);
-    return errorOf(reader);
+    return errorOfLines(reader);
 }
 
 TEST(LineReader, NothingReadGivesNoLines)
@@ -45,7 +42,7 @@ TEST(LineReader, NothingReadGivesNoLines)
 TEST(LineReader, EmptyLinesOnlyRaiseInvalidCall)
 {
     for (const char *bytes : {"\n", "\r", "\r\n", "\n\n\r\n\r"}) {
-        const RuntimeError error = errorOf(bytes);
+        const RuntimeError error = errorOfLines(bytes);
         EXPECT_EQ(error.number(), 5);
         EXPECT_EQ(error.path(), "file.zcf");
     }
@@ -81,17 +78,17 @@ TEST(LineReader, HoldsAsManyLinesAsADocument)
 
 TEST(LineReader, OneLineTooManyRaisesOverflowWithLimitAndCount)
 {
-    const RuntimeError error = errorOf(QByteArray("x\n").repeated(RowList::maximumRows + 1));
+    const RuntimeError error = errorOfLines(QByteArray("x\n").repeated(RowList::maximumRows + 1));
     EXPECT_EQ(error.number(), 6);
     EXPECT_EQ(error.detail(), "A document holds at most 32767 lines. This one has 32768.");
     EXPECT_EQ(error.path(), "file.zcf");
-    const RuntimeError sparse = errorOf(QByteArray("\n").repeated(RowList::maximumRows) + "x\n\n");
+    const RuntimeError sparse = errorOfLines(QByteArray("\n").repeated(RowList::maximumRows) + "x\n\n");
     EXPECT_EQ(sparse.detail(), "A document holds at most 32767 lines. This one has 32768.");
 }
 
 TEST(LineReader, CountsEveryLineOfAFileThatIsTooLong)
 {
-    EXPECT_EQ(errorOf(QByteArray("x\r\n\r\n").repeated(20'000)).detail(),
+    EXPECT_EQ(errorOfLines(QByteArray("x\r\n\r\n").repeated(20'000)).detail(),
               "A document holds at most 32767 lines. This one has 39999.");
 }
 
@@ -105,7 +102,7 @@ TEST(LineReader, TooManyBytesRaiseOverflow)
     LineReader reader("file.zcf", 1000);
     reader.take(QByteArray(999, 'x'));
     reader.take("\nyz");
-    const RuntimeError error = errorOf(reader);
+    const RuntimeError error = errorOfLines(reader);
     EXPECT_EQ(error.number(), 6);
     EXPECT_EQ(error.detail(), "A document holds at most 1000 bytes. This one has 1002.");
 }
@@ -118,7 +115,7 @@ TEST(LineReader, TooManyBytesAndLinesRaiseOverflowForTheBytes)
         reader.take("a\nb");
         reader.take("\n");
     }
-    EXPECT_EQ(errorOf(reader).detail(), "A document holds at most 4 bytes. This one has 160000.");
+    EXPECT_EQ(errorOfLines(reader).detail(), "A document holds at most 4 bytes. This one has 160000.");
 }
 
 TEST(LineReader, RandomBytesInRandomPiecesGiveTheLinesOfThePlainModel)
@@ -139,7 +136,7 @@ TEST(LineReader, RandomBytesInRandomPiecesGiveTheLinesOfThePlainModel)
             if (bytes.isEmpty())
                 EXPECT_EQ(linesOf(bytes, 1), QStringList());
             else
-                EXPECT_EQ(errorOf(bytes).number(), 5);
+                EXPECT_EQ(errorOfLines(bytes).number(), 5);
             continue;
         }
         ASSERT_EQ(linesOf(bytes, random.number(1, 5)), expected);

@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "tests/config/PlainGrammar.h"
+#include "tests/support/Errors.h"
 #include "tests/support/Printers.h"
 #include "tests/support/Random.h"
 
@@ -121,13 +122,10 @@ TEST(RowListTest, HoldsThirtyTwoThousandSevenHundredAndSixtySevenRowsAndNotOneMo
     RowList list;
     list.setRows(QStringList(32767, "x"));
     EXPECT_EQ(list.rowCount(), 32767);
-    try {
-        list.setRows(QStringList(32768, "y"));
-        ADD_FAILURE() << "no error";
-    } catch (const RuntimeError &error) {
-        EXPECT_EQ(error.number(), 6);
-        EXPECT_EQ(error.detail(), "A document holds at most 32767 lines. This one has 32768.");
-    }
+    const auto error = errorOf([&] { list.setRows(QStringList(32768, "y")); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->number(), 6);
+    EXPECT_EQ(error->detail(), "A document holds at most 32767 lines. This one has 32768.");
     EXPECT_EQ(list.rowCount(), 32767);
     EXPECT_EQ(list.rows().last(), "x");
 }

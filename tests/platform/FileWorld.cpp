@@ -103,26 +103,12 @@ void FileWorld::write(const QByteArray &path, QByteArrayView bytes) const
 
 int FileWorld::readError(const QByteArray &path) const
 {
-    const auto error = errorOf([&] { (void)read(path); });
-    return error ? error->number() : 0;
+    return errorNumberOf([&] { (void)read(path); });
 }
 
 int FileWorld::writeError(const QByteArray &path, QByteArrayView bytes) const
 {
-    const auto error = errorOf([&] { write(path, bytes); });
-    return error ? error->number() : 0;
-}
-
-std::optional<RuntimeError> errorOf(const std::function<void()> &work)
-{
-    try {
-        work();
-    } catch (const RuntimeError &error) {
-        return error;
-    } catch (const std::exception &error) {
-        ADD_FAILURE() << error.what();
-    }
-    return std::nullopt;
+    return errorNumberOf([&] { write(path, bytes); });
 }
 
 void store(const QByteArray &path, const QByteArray &bytes)

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/linux/LinuxFileAccess.h"
-#include "platform/RuntimeError.h"
 #include "tests/platform/InterruptedCalls.h"
+#include "tests/support/Errors.h"
 
 #include <QByteArray>
 #include <QStringList>
@@ -12,9 +12,7 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
-#include <optional>
 
 /// A folder in which everything may be tried, on a file system that keeps attributes, with a state folder beside it. It
 /// belongs to the ordinary user.
@@ -49,9 +47,6 @@ private:
     std::unique_ptr<QTemporaryDir> m_temporary;
     QByteArray m_root;
 };
-
-/// What work raises. Anything but a RuntimeError fails the test.
-[[nodiscard]] std::optional<RuntimeError> errorOf(const std::function<void()> &work);
 
 /// Through the system, past what is tested.
 void store(const QByteArray &path, const QByteArray &bytes);

@@ -1,6 +1,7 @@
 #include "platform/windows/HtmlHelpViewer.h"
 
 #include "platform/RuntimeError.h"
+#include "tests/support/Errors.h"
 #include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
@@ -28,13 +29,10 @@ TEST(HtmlHelpViewer, SaysWhichFileIsMissing)
     HtmlHelpViewer viewer;
     for (const auto command : {HelpViewer::Command::DisplayTableOfContents, HelpViewer::Command::DisplaySearch,
                                HelpViewer::Command::HelpContext}) {
-        try {
-            viewer.HtmlHelpA("C:\\nowhere\\zentil.chm", command, 1);
-            FAIL() << "no error";
-        } catch (const RuntimeError &error) {
-            EXPECT_EQ(error.number(), RuntimeError::FileNotFound);
-            EXPECT_EQ(error.description(), "Cannot find file C:\\nowhere\\zentil.chm");
-        }
+        const auto error = errorOf([&] { viewer.HtmlHelpA("C:\\nowhere\\zentil.chm", command, 1); });
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->number(), RuntimeError::FileNotFound);
+        EXPECT_EQ(error->description(), "Cannot find file C:\\nowhere\\zentil.chm");
     }
 }
 

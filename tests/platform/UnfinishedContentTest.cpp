@@ -31,7 +31,7 @@ TEST(UnfinishedContentTest, ComesBackFromItsCopy)
 
 TEST(UnfinishedContentTest, CopyTellsAPersonWhatItIs)
 {
-    // Copies that an earlier version has left are of this form too.
+    // So that a copy that is found after an update of the program still counts.
     EXPECT_EQ(UnfinishedContent::heading(path, 6, 15),
               QByteArray("ZentilConf: content of a file while it was written in place") + '\0' + path + '\0' + "6" +
                   '\0' + "15" + '\0');

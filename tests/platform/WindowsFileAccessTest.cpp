@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/windows/WindowsPath.h"
+#include "tests/support/Errors.h"
 
 #include <QFile>
 
@@ -276,7 +277,7 @@ protected:
         auto calls = std::make_unique<TroubledCalls>(trouble, at);
         const TroubledCalls &counted = *calls;
         WindowsFileAccess files = access(std::move(calls));
-        const int error = errorOf([&] { files.writeFile(path(), after()); });
+        const int error = errorNumberOf([&] { files.writeFile(path(), after()); });
         return {error, counted.count()};
     }
 
@@ -383,14 +384,11 @@ TEST_F(WindowsFileAccessTest, WritesInPlaceWhatTheSystemDoesNotReplace)
 TEST_F(WindowsFileAccessTest, TellsWhereTheOldFileIsWhenItHasLostItsName)
 {
     store(path(), m_old);
-    try {
-        access(std::make_unique<StuckCalls>()).writeFile(path(), m_new);
-        ADD_FAILURE() << "no error";
-    } catch (const RuntimeError &error) {
-        EXPECT_EQ(error.number(), RuntimeError::PermissionDenied);
-        EXPECT_EQ(error.path(), path());
-        EXPECT_EQ(error.detail(), QStringLiteral("The file is now called \"%1.zentilconf-old\".").arg(path()));
-    }
+    const auto error = errorOf([this] { access(std::make_unique<StuckCalls>()).writeFile(path(), m_new); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->number(), RuntimeError::PermissionDenied);
+    EXPECT_EQ(error->path(), path());
+    EXPECT_EQ(error->detail(), QStringLiteral("The file is now called \"%1.zentilconf-old\".").arg(path()));
     // Whoever reads it next gives it back its name.
     EXPECT_TRUE(access().fileExists(path()));
     EXPECT_TRUE(read(path()) == m_old);
@@ -435,11 +433,12 @@ TEST_F(WindowsFileAccessTest, GivesEveryReasonItsNumber)
         const auto access = [this, error = error](Call call) {
             return this->access(std::make_unique<FailingCalls>(call, error));
         };
-        EXPECT_EQ(errorOf([&] { access(Call::Open).readFile(path(), [](QByteArrayView) {}); }), number);
-        EXPECT_EQ(errorOf([&] { access(Call::Open).writeFile(path(), "new"); }), number);
-        EXPECT_EQ(errorOf([&] { access(Call::Write).writeFile(path(), "new"); }), number);
+        EXPECT_EQ(errorNumberOf([&] { access(Call::Open).readFile(path(), [](QByteArrayView) {}); }), number);
+        EXPECT_EQ(errorNumberOf([&] { access(Call::Open).writeFile(path(), "new"); }), number);
+        EXPECT_EQ(errorNumberOf([&] { access(Call::Write).writeFile(path(), "new"); }), number);
         EXPECT_EQ(bytesOf(path()), "old");
-        EXPECT_EQ(errorOf([&] { access(Call::Make).writeFile(path(QStringLiteral("made.zcf")), "new"); }), number);
+        EXPECT_EQ(errorNumberOf([&] { access(Call::Make).writeFile(path(QStringLiteral("made.zcf")), "new"); }),
+                  number);
         EXPECT_EQ(names(), QStringList{QStringLiteral("server.zcf")});
         EXPECT_EQ(copies(), 0);
     }

@@ -1,6 +1,6 @@
 #include "tests/platform/WindowsFileFixture.h"
 
-#include "platform/RuntimeError.h"
+#include "tests/support/Errors.h"
 
 #include <QDir>
 #include <QFile>
@@ -24,24 +24,14 @@ QByteArray WindowsFileFixture::read(const QString &path) const
     return bytes;
 }
 
-int WindowsFileFixture::errorOf(const std::function<void()> &operation)
-{
-    try {
-        operation();
-    } catch (const RuntimeError &error) {
-        return error.number();
-    }
-    return 0;
-}
-
 int WindowsFileFixture::readError(const QString &path) const
 {
-    return errorOf([&] { (void)read(path); });
+    return errorNumberOf([&] { (void)read(path); });
 }
 
 int WindowsFileFixture::writeError(const QString &path) const
 {
-    return errorOf([&] { access().writeFile(path, "new"); });
+    return errorNumberOf([&] { access().writeFile(path, "new"); });
 }
 
 QStringList WindowsFileFixture::names() const

@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 
 /// A folder in which everything may be tried, and another one where copies are kept.
@@ -23,8 +22,7 @@ protected:
 
     [[nodiscard]] QByteArray read(const QString &path) const;
 
-    /// The number of the error that operation raises, 0 when it raises none.
-    [[nodiscard]] static int errorOf(const std::function<void()> &operation);
+    /// The number of the error that reading or writing raises; 0 for none.
     [[nodiscard]] int readError(const QString &path) const;
     [[nodiscard]] int writeError(const QString &path) const;
 

@@ -2,6 +2,7 @@
 
 #include "platform/ByteText.h"
 #include "platform/RuntimeError.h"
+#include "tests/support/Errors.h"
 #include "tests/support/FakePrograms.h"
 #include "tests/support/Printers.h"
 
@@ -30,13 +31,11 @@ protected:
 
     [[nodiscard]] QString descriptionOf(const QString &file)
     {
-        try {
-            viewer.HtmlHelpA(file, Command::HelpContext, 1);
-        } catch (const RuntimeError &error) {
-            EXPECT_EQ(error.number(), RuntimeError::FileNotFound);
-            return error.description();
-        }
-        return "<shown>";
+        const auto error = errorOf([&] { viewer.HtmlHelpA(file, Command::HelpContext, 1); });
+        if (!error)
+            return "<shown>";
+        EXPECT_EQ(error->number(), RuntimeError::FileNotFound);
+        return error->description();
     }
 
     QTemporaryDir folder;

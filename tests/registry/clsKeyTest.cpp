@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "registry/RegistryConstants.h"
+#include "tests/support/Errors.h"
 #include "tests/support/FakeRegistry.h"
 #include "tests/support/Printers.h"
 
@@ -46,14 +47,11 @@ protected:
 
     static void expectError(const QString &description, const std::function<void()> &work)
     {
-        try {
-            work();
-            ADD_FAILURE() << "no error";
-        } catch (const RuntimeError &error) {
-            EXPECT_EQ(error.number(), 10001);
-            EXPECT_EQ(error.description(), description);
-            EXPECT_EQ(error.message(), "Run-time error '10001':\n\n" + description);
-        }
+        const auto error = errorOf(work);
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->number(), 10001);
+        EXPECT_EQ(error->description(), description);
+        EXPECT_EQ(error->message(), "Run-time error '10001':\n\n" + description);
     }
 
     FakeRegistry registry;

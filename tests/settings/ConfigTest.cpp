@@ -1,6 +1,7 @@
 #include "settings/Config.h"
 
 #include "platform/RuntimeError.h"
+#include "tests/support/Errors.h"
 #include "tests/support/FakeRegistry.h"
 #include "tests/support/Printers.h"
 
@@ -27,14 +28,12 @@ protected:
         registry.set(applicationPath + '\\' + section, name, data);
     }
 
-    [[nodiscard]] static int errorOf(const std::function<void()> &work)
+    static void expectNoSubKey(const std::function<void()> &work)
     {
-        try {
-            work();
-            return 0;
-        } catch (const RuntimeError &error) {
-            return error.number();
-        }
+        const auto error = errorOf(work);
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->number(), 10001);
+        EXPECT_EQ(error->description(), "Unable to create subkey");
     }
 
     FakeRegistry registry;
@@ -108,7 +107,7 @@ TEST_F(ConfigTest, RefreshHostAbove65535ReadsAs65535)
         EXPECT_EQ(config.RefreshProp(), row.read) << row.stored;
     }
     store("options", "refreshhost", "-99999999999");
-    EXPECT_EQ(errorOf([this] { (void)config.RefreshHost(); }), 6);
+    EXPECT_EQ(errorNumberOf([this] { (void)config.RefreshHost(); }), 6);
 }
 
 TEST_F(ConfigTest, OtherNumbersAreNotLimited)
@@ -134,12 +133,12 @@ TEST_F(ConfigTest, TextThatIsNoNumberIsATypeMismatch)
     for (const QByteArray &text :
          {QByteArray("eight"), QByteArray(""), QByteArray("8pt"), QByteArray("\x08\0\0\0", 4)}) {
         store("options", "fontsize", text);
-        EXPECT_EQ(errorOf([this] { (void)config.FontSize(); }), 13);
+        EXPECT_EQ(errorNumberOf([this] { (void)config.FontSize(); }), 13);
         store("options", "refreshcommand", text);
-        EXPECT_EQ(errorOf([this] { (void)config.RefreshCommand(); }), 13);
+        EXPECT_EQ(errorNumberOf([this] { (void)config.RefreshCommand(); }), 13);
     }
     store("options", "fontsize", "32768");
-    EXPECT_EQ(errorOf([this] { (void)config.FontSize(); }), 6);
+    EXPECT_EQ(errorNumberOf([this] { (void)config.FontSize(); }), 6);
     EXPECT_EQ(registry.openHandles(), 0);
 }
 
@@ -283,6 +282,17 @@ TEST_F(ConfigTest, GetSettingGivesTheDefaultUnchanged)
     EXPECT_EQ(config.GetSetting("other", "none", 5), QVariant(QString("7")));
 }
 
+TEST_F(ConfigTest, IsStoredTellsWhatTheRegistryHasKept)
+{
+    EXPECT_FALSE(config.isStored(ConfigSettings::odbcUser, ""));
+    config.setODBCuser("user");
+    EXPECT_TRUE(config.isStored(ConfigSettings::odbcUser, "user"));
+    EXPECT_FALSE(config.isStored(ConfigSettings::odbcUser, "User"));
+    registry.isFull = true;
+    config.setODBCuser("other");
+    EXPECT_FALSE(config.isStored(ConfigSettings::odbcUser, "other"));
+}
+
 TEST_F(ConfigTest, CreateKeyGivesAnOpenKey)
 {
     {
@@ -306,19 +316,13 @@ TEST_F(ConfigTest, LoadNamesTheKeyAgain)
 TEST_F(ConfigTest, SectionThatCannotBeMadeIsAnError)
 {
     registry.denied << "HKEY_LOCAL_MACHINE\\SOFTWARE\\Tarnwell Software";
-    try {
-        (void)config.FontSize();
-        ADD_FAILURE() << "no error";
-    } catch (const RuntimeError &error) {
-        EXPECT_EQ(error.number(), 10001);
-        EXPECT_EQ(error.description(), "Unable to create subkey");
-    }
-    EXPECT_EQ(errorOf([this] { config.setFontSize(9); }), 10001);
+    expectNoSubKey([this] { (void)config.FontSize(); });
+    expectNoSubKey([this] { config.setFontSize(9); });
     EXPECT_EQ(registry.openHandles(), 0);
 
     registry.denied = {applicationPath + "\\odbc"};
     EXPECT_EQ(config.FontSize(), 8);
-    EXPECT_EQ(errorOf([this] { (void)config.ODBCuser(); }), 10001);
+    EXPECT_EQ(errorNumberOf([this] { (void)config.ODBCuser(); }), 10001);
     EXPECT_EQ(registry.openHandles(), 0);
 }
 
@@ -326,16 +330,8 @@ TEST_F(ConfigTest, MachineWithoutAccessIsAnError)
 {
     registry.denied << "HKEY_LOCAL_MACHINE\\SOFTWARE";
     EXPECT_FALSE(config.CreateKey("options").KeyOK());
-    for (const auto &access : {std::function<void()>([this] { config.setFontSize(9); }),
-                               std::function<void()>([this] { (void)config.FontSize(); })}) {
-        try {
-            access();
-            ADD_FAILURE() << "no error";
-        } catch (const RuntimeError &error) {
-            EXPECT_EQ(error.number(), 10001);
-            EXPECT_EQ(error.description(), "Unable to create subkey");
-        }
-    }
+    expectNoSubKey([this] { config.setFontSize(9); });
+    expectNoSubKey([this] { (void)config.FontSize(); });
     EXPECT_EQ(registry.openHandles(), 0);
 }
 

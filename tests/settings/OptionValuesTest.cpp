@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "settings/Config.h"
+#include "tests/support/Errors.h"
 #include "tests/support/FakeRegistry.h"
 #include "tests/support/Printers.h"
 
@@ -39,13 +40,11 @@ protected:
 
     [[nodiscard]] QString errorTextOf(int number)
     {
-        try {
-            apply();
-        } catch (const RuntimeError &error) {
-            EXPECT_EQ(error.number(), number);
-            return error.message();
-        }
-        return "<none>";
+        const auto error = errorOf([this] { apply(); });
+        if (!error)
+            return "<none>";
+        EXPECT_EQ(error->number(), number);
+        return error->message();
     }
 
     FakeRegistry registry;

@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "settings/Config.h"
+#include "tests/support/Errors.h"
 #include "tests/support/FakeRegistry.h"
 #include "tests/support/Printers.h"
 
@@ -63,20 +64,15 @@ TEST_F(StoredPreferencesTest, HaveTheHalfOfAFontThatWasStored)
 
 TEST_F(StoredPreferencesTest, TellOfAFontThatTheRegistryDoesNotKeep)
 {
-    const auto errorOf = [this](const QString &family) {
-        try {
-            preferences.storeListFont(family, 11);
-            return 0;
-        } catch (const RuntimeError &error) {
-            return error.number();
-        }
+    const auto errorOfStoring = [this](const QString &family) {
+        return errorNumberOf([&] { preferences.storeListFont(family, 11); });
     };
-    EXPECT_EQ(errorOf("DejaVu Sans"), 0);
+    EXPECT_EQ(errorOfStoring("DejaVu Sans"), 0);
     // The code page does not have these characters.
-    EXPECT_EQ(errorOf(QStringLiteral(u"\u660E\u671D")), RuntimeError::DeviceError);
-    EXPECT_EQ(errorOf("DejaVu Sans"), 0);
+    EXPECT_EQ(errorOfStoring(QStringLiteral(u"\u660E\u671D")), RuntimeError::DeviceError);
+    EXPECT_EQ(errorOfStoring("DejaVu Sans"), 0);
     registry.isFull = true;
-    EXPECT_EQ(errorOf("DejaVu Serif"), RuntimeError::DeviceError);
+    EXPECT_EQ(errorOfStoring("DejaVu Serif"), RuntimeError::DeviceError);
     EXPECT_EQ(preferences.listFont().family, "DejaVu Sans");
 }
 
