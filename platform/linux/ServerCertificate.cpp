@@ -1,6 +1,7 @@
 #include "platform/linux/ServerCertificate.h"
 
-#include <QCoreApplication>
+#include "platform/CertificateText.h"
+
 #include <QDateTime>
 #include <QFile>
 
@@ -13,11 +14,6 @@
 #include <vector>
 
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(ServerCertificate)
-};
 
 struct FreeCertificate
 {
@@ -34,19 +30,19 @@ using Trust = std::unique_ptr<gnutls_x509_trust_list_st, FreeTrust>;
 struct Check
 {
     unsigned failed;
-    const char *text;
+    CertificateFault fault;
 };
 
 // clang-format off
-/// When several fail, the first one is told. %1 is when the certificate begins, %2 when it ends, %3 its issuer.
+/// When several fail, the first one is told.
 constexpr std::array<Check, 7> checks {{
-    {GNUTLS_CERT_REVOKED,                                        QT_TRANSLATE_NOOP("ServerCertificate", "The server's certificate has been revoked.")},
-    {GNUTLS_CERT_EXPIRED,                                        QT_TRANSLATE_NOOP("ServerCertificate", "The server's certificate has expired, on %2.")},
-    {GNUTLS_CERT_NOT_ACTIVATED,                                  QT_TRANSLATE_NOOP("ServerCertificate", "The server's certificate is not valid yet, but from %1 on.")},
-    {GNUTLS_CERT_SIGNER_NOT_FOUND | GNUTLS_CERT_SIGNER_NOT_CA,   QT_TRANSLATE_NOOP("ServerCertificate", "The issuer of the server's certificate, \"%3\", is not trusted by this machine.")},
-    {GNUTLS_CERT_SIGNATURE_FAILURE,                              QT_TRANSLATE_NOOP("ServerCertificate", "The signature of the server's certificate is wrong.")},
-    {GNUTLS_CERT_INSECURE_ALGORITHM,                             QT_TRANSLATE_NOOP("ServerCertificate", "The server's certificate is signed in a way that is not secure any more.")},
-    {GNUTLS_CERT_PURPOSE_MISMATCH,                               QT_TRANSLATE_NOOP("ServerCertificate", "The server's certificate is not meant for servers.")},
+    {GNUTLS_CERT_REVOKED,                                      CertificateFault::Revoked},
+    {GNUTLS_CERT_EXPIRED,                                      CertificateFault::Expired},
+    {GNUTLS_CERT_NOT_ACTIVATED,                                CertificateFault::NotYetValid},
+    {GNUTLS_CERT_SIGNER_NOT_FOUND | GNUTLS_CERT_SIGNER_NOT_CA, CertificateFault::UntrustedIssuer},
+    {GNUTLS_CERT_SIGNATURE_FAILURE,                            CertificateFault::WrongSignature},
+    {GNUTLS_CERT_INSECURE_ALGORITHM,                           CertificateFault::WeakSignature},
+    {GNUTLS_CERT_PURPOSE_MISMATCH,                             CertificateFault::WrongUse},
 }};
 // clang-format on
 
@@ -88,11 +84,6 @@ QString issuerOf(const Certificate &certificate)
     return result;
 }
 
-QString dateText(time_t when)
-{
-    return QDateTime::fromSecsSinceEpoch(when, Qt::UTC).toString(Qt::ISODate);
-}
-
 /// What the library says about certificates, their dates included.
 /// @return the checks that failed; nothing when there was no check
 std::optional<unsigned> verify(const std::vector<Certificate> &certificates, const QString &trusted)
@@ -113,21 +104,23 @@ std::optional<unsigned> verify(const std::vector<Certificate> &certificates, con
     return status;
 }
 
-QString textOf(unsigned failed, const Certificate &certificate)
+CertificateFault faultOf(unsigned failed, const Certificate &certificate)
 {
-    const time_t end = gnutls_x509_crt_get_expiration_time(certificate.get());
-    const time_t begin = gnutls_x509_crt_get_activation_time(certificate.get());
     const bool isOwnIssuer = gnutls_x509_crt_check_issuer(certificate.get(), certificate.get()) != 0;
     if ((failed & GNUTLS_CERT_SIGNER_NOT_FOUND) != 0 && isOwnIssuer)
-        return Texts::tr("The server's certificate is its own issuer, and this machine does not trust it.");
+        return CertificateFault::OwnIssuer;
     for (const Check &check : checks) {
         if ((failed & check.failed) != 0)
-            return Texts::tr(check.text)
-                .replace(QLatin1String("%1"), dateText(begin))
-                .replace(QLatin1String("%2"), dateText(end))
-                .replace(QLatin1String("%3"), issuerOf(certificate));
+            return check.fault;
     }
-    return Texts::tr("The server's certificate is not valid.");
+    return CertificateFault::Other;
+}
+
+CertificateFacts factsOf(const Certificate &certificate, const QString &host)
+{
+    const auto utc = [](time_t when) { return QDateTime::fromSecsSinceEpoch(when, Qt::UTC); };
+    return {utc(gnutls_x509_crt_get_activation_time(certificate.get())),
+            utc(gnutls_x509_crt_get_expiration_time(certificate.get())), issuerOf(certificate), host};
 }
 
 } // namespace
@@ -138,16 +131,16 @@ QString certificateProblem(const QList<QByteArray> &chain, const QString &host, 
     for (const QByteArray &bytes : chain) {
         certificates.push_back(readCertificate(bytes));
         if (!certificates.back())
-            return Texts::tr("The server's certificate cannot be read.");
+            return certificateText(CertificateFault::Unreadable);
     }
     if (certificates.empty())
-        return Texts::tr("The server has shown no certificate.");
+        return certificateText(CertificateFault::Missing);
     const std::optional<unsigned> failed = verify(certificates, trusted);
     if (!failed)
-        return Texts::tr("The server's certificate cannot be checked.");
+        return certificateText(CertificateFault::Unchecked);
     if (*failed != 0)
-        return textOf(*failed, certificates.front());
+        return certificateText(faultOf(*failed, certificates.front()), factsOf(certificates.front(), host));
     if (gnutls_x509_crt_check_hostname(certificates.front().get(), host.toLatin1().constData()) == 0)
-        return Texts::tr("The server's certificate is for another host than \"%1\".").arg(host);
+        return certificateText(CertificateFault::OtherHost, factsOf(certificates.front(), host));
     return {};
 }

@@ -1,16 +1,10 @@
 #include "platform/LdapSession.h"
 
+#include "platform/CertificateText.h"
 #include "platform/DirectoryPath.h"
 #include "platform/windows/ServerCertificate.h"
 
-#include <QCoreApplication>
-
 namespace {
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(LdapSession)
-};
 
 /// What is known while a certificate is looked at: the library hands its callback nothing of ours, but calls it from
 /// within the call that encrypts.
@@ -71,7 +65,7 @@ LdapAnswer LdapSession::open(const DirectoryPath &path, const Directory::GoOn &g
     if (const LdapAnswer set = setOptions(); set.code != LdapAnswer::Success)
         return set;
     if (isEncrypted && !setVerification(m_session))
-        return LdapAnswer::of(LdapAnswer::Unencryptable, Texts::tr("The server's certificate cannot be checked."));
+        return LdapAnswer::of(LdapAnswer::Unencryptable, certificateText(CertificateFault::Unchecked));
 
     Check own{path.host, {}};
     check = &own;
