@@ -1,7 +1,5 @@
 #include "app/CommandLineFiles.h"
 
-#include "tests/support/Printers.h"
-
 #include <gtest/gtest.h>
 
 namespace {

@@ -1,7 +1,6 @@
 #include "app/DocumentArea.h"
 
 #include "tests/app/ProgramFixture.h"
-#include "tests/support/Printers.h"
 
 #include <QMdiSubWindow>
 #include <QMenuBar>

@@ -1,6 +1,5 @@
 #include "platform/RuntimeError.h"
 #include "tests/app/ProgramFixture.h"
-#include "tests/support/Printers.h"
 #include "tests/support/Random.h"
 
 #include <QDir>

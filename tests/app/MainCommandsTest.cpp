@@ -2,7 +2,6 @@
 #include "platform/RuntimeError.h"
 #include "settings/Help.h"
 #include "tests/app/ProgramFixture.h"
-#include "tests/support/Printers.h"
 
 #include <QAction>
 #include <QDir>

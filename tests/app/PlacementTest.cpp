@@ -1,7 +1,6 @@
 #include "app/Placement.h"
 
 #include "tests/support/FakeUserSettings.h"
-#include "tests/support/Printers.h"
 #include "tests/support/Random.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,6 @@
 #include "app/PrintDialogs.h"
 
 #include "tests/app/ProgramFixture.h"
-#include "tests/support/Printers.h"
 
 #include <QAction>
 #include <QDialog>

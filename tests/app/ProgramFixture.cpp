@@ -1,7 +1,5 @@
 #include "tests/app/ProgramFixture.h"
 
-#include "tests/support/Printers.h"
-
 #include <QAction>
 #include <QDropEvent>
 #include <QFile>

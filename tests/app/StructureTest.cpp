@@ -3,7 +3,6 @@
 #include "settings/Icons.h"
 #include "tests/app/ProgramFixture.h"
 #include "tests/support/FormStructure.h"
-#include "tests/support/Printers.h"
 
 #include <QAbstractButton>
 #include <QAction>

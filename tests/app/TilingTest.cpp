@@ -1,6 +1,5 @@
 #include "app/Tiling.h"
 
-#include "tests/support/Printers.h"
 #include "tests/support/Random.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,6 @@
 
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/Gestures.h"
-#include "tests/support/Printers.h"
 
 #include <QLabel>
 #include <QListWidget>

@@ -4,7 +4,6 @@
 #include "tests/support/FakeMessages.h"
 #include "tests/support/FakeRegistry.h"
 #include "tests/support/Gestures.h"
-#include "tests/support/Printers.h"
 
 #include <QLabel>
 #include <QLineEdit>

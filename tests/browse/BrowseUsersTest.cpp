@@ -2,7 +2,6 @@
 
 #include "tests/support/FakeAccounts.h"
 #include "tests/support/Gestures.h"
-#include "tests/support/Printers.h"
 
 #include <QListWidget>
 #include <QPushButton>

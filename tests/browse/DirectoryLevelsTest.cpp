@@ -1,7 +1,5 @@
 #include "browse/DirectoryLevels.h"
 
-#include "tests/support/Printers.h"
-
 #include <gtest/gtest.h>
 
 namespace {

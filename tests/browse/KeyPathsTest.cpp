@@ -1,7 +1,5 @@
 #include "browse/KeyPaths.h"
 
-#include "tests/support/Printers.h"
-
 #include <gtest/gtest.h>
 
 namespace {

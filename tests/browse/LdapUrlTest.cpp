@@ -1,6 +1,5 @@
 #include "browse/LdapUrl.h"
 
-#include "tests/support/Printers.h"
 #include "tests/support/Random.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,6 @@
 
 #include "tests/browse/TreeGestures.h"
 #include "tests/support/Gestures.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

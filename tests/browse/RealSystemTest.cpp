@@ -5,7 +5,6 @@
 #include "registry/RegistryConstants.h"
 #include "tests/support/FakeMessages.h"
 #include "tests/support/Gestures.h"
-#include "tests/support/Printers.h"
 
 #include <QCoreApplication>
 #include <QDir>

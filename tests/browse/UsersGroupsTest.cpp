@@ -1,7 +1,6 @@
 #include "browse/UsersGroups.h"
 
 #include "tests/support/FakeAccounts.h"
-#include "tests/support/Printers.h"
 #include "tests/support/Random.h"
 
 #include <gtest/gtest.h>

@@ -5,7 +5,6 @@
 #include "tests/support/Errors.h"
 #include "tests/support/FakeFileAccess.h"
 #include "tests/support/FakeShell.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,14 @@
 #include "config/KindList.h"
 #include "platform/RuntimeError.h"
 #include "tests/config/DocumentFixture.h"
+#include "tests/support/Errors.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QTest>
+
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -29,7 +33,9 @@ struct KindCase
 
 std::string kindName(const testing::TestParamInfo<KindCase> &tested)
 {
-    return caseName(tested.param.name).toStdString();
+    std::string name = tested.param.name;
+    std::erase(name, ' ');
+    return name;
 }
 
 // clang-format off
@@ -303,12 +309,7 @@ TEST_F(DocumentEditors, AChangeOfARowThatIsNotThereAnyMoreIsAnErrorAndChangesNot
 {
     open({"a"});
     for (const qint16 row : {qint16(1), qint16(-1), qint16(32767)}) {
-        try {
-            asItemDocument().ItemChangeFile("x", "", "", row);
-            ADD_FAILURE() << "no error for " << row;
-        } catch (const RuntimeError &error) {
-            EXPECT_EQ(error.number(), 5);
-        }
+        EXPECT_EQ(errorNumberOf([&] { asItemDocument().ItemChangeFile("x", "", "", row); }), 5) << row;
     }
     EXPECT_EQ(rows(), QStringList{"a"});
     EXPECT_EQ(form->changed(), 0);

@@ -4,7 +4,6 @@
 #include "platform/RuntimeError.h"
 #include "tests/config/PlainGrammar.h"
 #include "tests/support/Errors.h"
-#include "tests/support/Printers.h"
 #include "tests/support/Random.h"
 
 #include <gtest/gtest.h>

@@ -8,7 +8,6 @@
 #include "tests/support/FakePreferences.h"
 #include "tests/support/FakeShell.h"
 #include "tests/support/Gestures.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,6 @@
 
 #include "config/ItemKind.h"
 #include "tests/support/Gestures.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,6 @@
 #include "config/RowList.h"
 #include "platform/RuntimeError.h"
 #include "tests/support/Errors.h"
-#include "tests/support/Printers.h"
 #include "tests/support/Random.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,5 @@
 #include "config/RowClipboard.h"
 
-#include "tests/support/Printers.h"
-
 #include <gtest/gtest.h>
 
 #include <QClipboard>

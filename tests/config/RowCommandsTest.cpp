@@ -3,7 +3,6 @@
 #include "config/RowChanges.h"
 #include "config/RowList.h"
 #include "tests/config/PlainDocument.h"
-#include "tests/support/Printers.h"
 #include "tests/support/Random.h"
 
 #include <gtest/gtest.h>

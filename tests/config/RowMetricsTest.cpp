@@ -1,6 +1,5 @@
 #include "config/RowMetrics.h"
 
-#include "tests/support/Printers.h"
 #include "tests/support/Random.h"
 
 #include <gtest/gtest.h>

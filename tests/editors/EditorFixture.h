@@ -10,7 +10,6 @@
 #include "tests/support/FakeRegistry.h"
 #include "tests/support/FakeScrambler.h"
 #include "tests/support/Gestures.h"
-#include "tests/support/Printers.h"
 
 #include <QCheckBox>
 #include <QLineEdit>

@@ -1,7 +1,5 @@
 #include "editors/ExtractOption.h"
 
-#include "tests/support/Printers.h"
-
 #include <gtest/gtest.h>
 
 #include <array>

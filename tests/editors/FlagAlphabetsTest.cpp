@@ -1,7 +1,5 @@
 #include "editors/FlagAlphabets.h"
 
-#include "tests/support/Printers.h"
-
 #include <QSet>
 #include <QString>
 #include <QStringList>

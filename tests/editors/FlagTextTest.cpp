@@ -2,7 +2,6 @@
 
 #include "editors/FlagAlphabets.h"
 #include "tests/editors/PlainFlags.h"
-#include "tests/support/Printers.h"
 #include "tests/support/Random.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,6 @@
 #include "editors/NameList.h"
 
 #include "tests/support/Gestures.h"
-#include "tests/support/Printers.h"
 
 #include <QAbstractItemModelTester>
 #include <QTest>

@@ -1,7 +1,5 @@
 #include "editors/UserRights.h"
 
-#include "tests/support/Printers.h"
-
 #include <QStringList>
 
 #include <gtest/gtest.h>

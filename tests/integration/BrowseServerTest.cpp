@@ -5,7 +5,6 @@
 #include "tests/support/FakeMessages.h"
 #include "tests/support/FakeScrambler.h"
 #include "tests/support/Gestures.h"
-#include "tests/support/Printers.h"
 
 #include <QCoreApplication>
 #include <QLabel>

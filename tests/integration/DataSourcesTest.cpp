@@ -1,7 +1,6 @@
 // The names of data sources from the driver manager itself.
 #include "platform/OdbcDataSources.h"
 #include "settings/DataSourceNames.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,6 @@
 #include "platform/Platform.h"
 #include "settings/ProductHelp.h"
 #include "tests/support/FakeMessages.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

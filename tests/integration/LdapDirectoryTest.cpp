@@ -1,7 +1,6 @@
 #include "tests/integration/BrokenPipes.h"
 #include "tests/integration/DirectoryFixture.h"
 #include "tests/integration/SilentServer.h"
-#include "tests/support/Printers.h"
 
 #include <QElapsedTimer>
 #include <QSet>

@@ -1,6 +1,5 @@
 #include "tests/integration/Certificates.h"
 #include "tests/integration/DirectoryFixture.h"
-#include "tests/support/Printers.h"
 
 #include <QSet>
 #include <QTemporaryDir>

@@ -10,7 +10,6 @@
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeRegistry.h"
 #include "tests/support/FakeScrambler.h"
-#include "tests/support/Printers.h"
 
 #include <QLineEdit>
 #include <QTest>

@@ -1,5 +1,4 @@
 #include "tests/app/ProgramFixture.h"
-#include "tests/support/Printers.h"
 #include "tests/support/Random.h"
 
 #include <optional>

@@ -1,7 +1,6 @@
 #include "platform/Platform.h"
 #include "settings/Associations.h"
 #include "tests/support/FakeMessages.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

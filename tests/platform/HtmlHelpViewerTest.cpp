@@ -2,7 +2,6 @@
 
 #include "platform/RuntimeError.h"
 #include "tests/support/Errors.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,6 @@
 #include "platform/linux/IniLines.h"
 
 #include "platform/ByteText.h"
-#include "tests/support/Printers.h"
 #include "tests/support/Random.h"
 
 #include <gtest/gtest.h>

@@ -3,7 +3,6 @@
 #include "platform/ByteText.h"
 #include "tests/platform/ChildProcess.h"
 #include "tests/support/AccountNames.h"
-#include "tests/support/Printers.h"
 
 #include <QFile>
 #include <QProcess>

@@ -3,7 +3,6 @@
 #include "platform/ByteText.h"
 #include "tests/platform/ChildProcess.h"
 #include "tests/platform/FileWorld.h"
-#include "tests/support/Printers.h"
 
 #include <QMap>
 #include <QtEndian>

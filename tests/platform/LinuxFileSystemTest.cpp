@@ -3,7 +3,6 @@
 #include "platform/ByteText.h"
 #include "platform/Platform.h"
 #include "tests/platform/ChildProcess.h"
-#include "tests/support/Printers.h"
 #include "tests/support/Random.h"
 
 #include <QByteArrayList>

@@ -1,7 +1,6 @@
 #include "platform/linux/Mounts.h"
 
 #include "platform/linux/BlockDevices.h"
-#include "tests/support/Printers.h"
 #include "tests/support/Random.h"
 
 #include <QDir>

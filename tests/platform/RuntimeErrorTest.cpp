@@ -1,7 +1,5 @@
 #include "platform/RuntimeError.h"
 
-#include "tests/support/Printers.h"
-
 #include <gtest/gtest.h>
 
 #include <array>

@@ -2,7 +2,6 @@
 
 #include "platform/windows/WindowsCalls.h"
 #include "tests/support/AccountNames.h"
-#include "tests/support/Printers.h"
 
 #include <lm.h>
 

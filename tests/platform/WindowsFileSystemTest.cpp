@@ -1,7 +1,5 @@
 #include "platform/windows/WindowsFileSystem.h"
 
-#include "tests/support/Printers.h"
-
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,7 +1,5 @@
 #include "platform/windows/WindowsPrograms.h"
 
-#include "tests/support/Printers.h"
-
 #include <gtest/gtest.h>
 
 #include <QDir>

@@ -2,7 +2,6 @@
 
 #include "platform/windows/WindowsCalls.h"
 #include "tests/platform/RegistryUser.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

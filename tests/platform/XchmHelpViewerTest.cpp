@@ -4,7 +4,6 @@
 #include "platform/RuntimeError.h"
 #include "tests/support/Errors.h"
 #include "tests/support/FakePrograms.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

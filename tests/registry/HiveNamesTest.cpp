@@ -2,7 +2,6 @@
 
 #include "registry/clsKey.h"
 #include "registry/RegistryConstants.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,6 @@
 #include "platform/Platform.h"
 #include "registry/clsKey.h"
 #include "registry/RegistryConstants.h"
-#include "tests/support/Printers.h"
 
 #include <QCoreApplication>
 

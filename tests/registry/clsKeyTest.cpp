@@ -4,7 +4,6 @@
 #include "registry/RegistryConstants.h"
 #include "tests/support/Errors.h"
 #include "tests/support/FakeRegistry.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,6 @@
 #include "tests/support/FakeFileTypes.h"
 #include "tests/support/FakeMessages.h"
 #include "tests/support/FakeUserSettings.h"
-#include "tests/support/Printers.h"
 
 #include <QCoreApplication>
 

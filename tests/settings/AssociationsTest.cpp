@@ -5,7 +5,6 @@
 #include "tests/support/FakeMessages.h"
 #include "tests/support/FakeRegistry.h"
 #include "tests/support/FakeUserSettings.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

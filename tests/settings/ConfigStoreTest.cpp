@@ -4,7 +4,6 @@
 #include "settings/Config.h"
 #include "settings/ProductLookup.h"
 #include "settings/StoredPreferences.h"
-#include "tests/support/Printers.h"
 
 #include <QDir>
 #include <QFile>

@@ -4,7 +4,6 @@
 #include "tests/support/FakeHelpViewer.h"
 #include "tests/support/FakeRegistry.h"
 #include "tests/support/Gestures.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,6 @@
 #include "settings/DataSourceNames.h"
 
 #include "tests/support/FakeDataSources.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

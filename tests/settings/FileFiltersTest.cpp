@@ -1,7 +1,5 @@
 #include "settings/FileFilters.h"
 
-#include "tests/support/Printers.h"
-
 #include <QFileDialog>
 
 #include <gtest/gtest.h>

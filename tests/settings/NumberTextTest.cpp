@@ -1,7 +1,6 @@
 #include "settings/NumberText.h"
 
 #include "platform/RuntimeError.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,6 @@
 #include "settings/OpenWindows.h"
 
 #include "tests/support/Gestures.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

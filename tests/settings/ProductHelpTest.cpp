@@ -3,7 +3,6 @@
 #include "tests/support/FakeHelpViewer.h"
 #include "tests/support/FakeMessages.h"
 #include "tests/support/FakeRegistry.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

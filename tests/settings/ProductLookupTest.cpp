@@ -2,7 +2,6 @@
 
 #include "settings/Config.h"
 #include "tests/support/FakeRegistry.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

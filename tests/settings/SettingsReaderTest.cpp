@@ -1,7 +1,6 @@
 #include "settings/SettingsReader.h"
 
 #include "tests/support/FakeRegistry.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,6 @@
 #include "tests/support/FakeFileAccess.h"
 #include "tests/support/FakePrograms.h"
 #include "tests/support/FakeRegistry.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

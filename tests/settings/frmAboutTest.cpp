@@ -5,7 +5,6 @@
 #include "tests/support/FakeRegistry.h"
 #include "tests/support/FormStructure.h"
 #include "tests/support/Gestures.h"
-#include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
 

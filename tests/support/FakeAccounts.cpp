@@ -1,7 +1,5 @@
 #include "tests/support/FakeAccounts.h"
 
-#include "tests/support/Printers.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>

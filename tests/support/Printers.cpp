@@ -26,15 +26,17 @@ void PrintTo(const QByteArray &bytes, std::ostream *stream)
     printThroughDebug(bytes, stream);
 }
 
+void PrintTo(const QPoint &point, std::ostream *stream)
+{
+    printThroughDebug(point, stream);
+}
+
+void PrintTo(const QSize &size, std::ostream *stream)
+{
+    printThroughDebug(size, stream);
+}
+
 void PrintTo(const QRect &rect, std::ostream *stream)
 {
     printThroughDebug(rect, stream);
-}
-
-QByteArray caseName(const QString &name)
-{
-    QByteArray result;
-    for (const QChar c : name)
-        result += c.unicode() < 128 && c.isLetterOrNumber() ? char(c.unicode()) : '_';
-    return result;
 }
