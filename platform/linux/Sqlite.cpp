@@ -4,8 +4,11 @@
 #include <array>
 #include <cerrno>
 #include <optional>
+#include <thread>
 
 namespace {
+
+constexpr std::chrono::milliseconds lockPoll{2};
 
 struct CodeRow
 {
@@ -73,9 +76,25 @@ void SqliteConnection::run(const char *statements) const
         throw failureOf(code);
 }
 
-void SqliteConnection::setPatience(std::chrono::milliseconds patience) const
+void SqliteConnection::setPatience(std::chrono::milliseconds patience)
 {
-    sqlite3_busy_timeout(get(), static_cast<int>(patience.count()));
+    m_patience = patience;
+    sqlite3_busy_handler(get(), waitForLock, this);
+}
+
+/// Called again and again while another program has the lock. The library's own way looks ever more rarely; beside
+/// programs that store one value after the other it would not get in between before its time is up.
+/// @param times how often it has been called for this lock
+/// @return 0 to give up
+int SqliteConnection::waitForLock(void *connection, int times)
+{
+    auto &self = *static_cast<SqliteConnection *>(connection);
+    if (times == 0)
+        self.m_deadline.setRemainingTime(self.m_patience);
+    if (self.m_deadline.hasExpired())
+        return 0;
+    std::this_thread::sleep_for(lockPoll);
+    return 1;
 }
 
 bool SqliteConnection::isReadOnly() const

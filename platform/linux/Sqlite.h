@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QDeadlineTimer>
 
 #include <sqlite3.h>
 
@@ -28,9 +29,12 @@ public:
     /// @param patience see setPatience()
     /// @throws RegistryFailure
     SqliteConnection(const QByteArray &path, std::chrono::milliseconds patience);
+    SqliteConnection(const SqliteConnection &) = delete;
+    SqliteConnection &operator=(const SqliteConnection &) = delete;
+    ~SqliteConnection() = default;
 
     /// How long each statement waits while another program has the database locked.
-    void setPatience(std::chrono::milliseconds patience) const;
+    void setPatience(std::chrono::milliseconds patience);
 
     /// @throws RegistryFailure
     void run(const char *statements) const;
@@ -52,7 +56,11 @@ private:
         void operator()(sqlite3 *connection) const { sqlite3_close(connection); }
     };
 
+    static int waitForLock(void *connection, int times);
+
     std::unique_ptr<sqlite3, Close> m_connection;
+    std::chrono::milliseconds m_patience{0};
+    QDeadlineTimer m_deadline;
 };
 
 /// One statement with its parameters. Whatever fails raises a RegistryFailure.
