@@ -5,8 +5,8 @@
 #include <QByteArray>
 
 /// A new file beside the one that it is going to replace. It has no name until it is complete, where the file system
-/// can do that, so that a process that is killed leaves nothing behind; elsewhere its name begins with a dot. A draft
-/// that does not get to its place is removed.
+/// can do that; elsewhere, and while it is put over a file, its name begins with a dot. A draft that does not get to
+/// its place is removed; one that a killed process has left, by the next draft of the same target.
 class Draft final
 {
 public:
@@ -38,6 +38,9 @@ public:
 
 private:
     Draft(SystemCalls &calls, FileHandle &&file, const QByteArray &target, const QByteArray &name, bool isNamed);
+    [[nodiscard]] static Draft tryMakeNamed(SystemCalls &calls, const QByteArray &folder, const QByteArray &target,
+                                            mode_t mode);
+    [[nodiscard]] int giveName();
     [[nodiscard]] int link(const QByteArray &name);
     [[nodiscard]] int rename();
 
