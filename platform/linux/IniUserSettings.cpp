@@ -18,7 +18,7 @@
 namespace {
 
 constexpr int lockPatienceMs = 2000;
-constexpr int lockPollMs = 5;
+constexpr int lockPollMs = 1;
 
 /// Keeps other programs of this kind from storing, for as long as it lives.
 class FolderLock final
