@@ -128,10 +128,7 @@ void DocumentArea::closeActiveDocument()
 bool DocumentArea::queryCloseAll()
 {
     // Every document is asked before the first one closes, so that Cancel leaves all of them open.
-    auto forget = qScopeGuard([this] {
-        for (ConfigForm *document : m_documents)
-            document->forgetCloseAgreed();
-    });
+    auto forget = qScopeGuard([this] { forgetCloseAgreed(); });
     const std::vector<ConfigForm *> asked = m_documents;
     for (ConfigForm *document : asked) {
         // The user sees which document the question is about, and Save As acts on it.
@@ -143,6 +140,12 @@ bool DocumentArea::queryCloseAll()
     }
     forget.dismiss();
     return true;
+}
+
+void DocumentArea::forgetCloseAgreed()
+{
+    for (ConfigForm *document : m_documents)
+        document->forgetCloseAgreed();
 }
 
 bool DocumentArea::closeAll()

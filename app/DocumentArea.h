@@ -36,6 +36,9 @@ public:
     /// @throws RuntimeError when saving fails
     [[nodiscard]] bool queryCloseAll();
 
+    /// Takes back what queryCloseAll() agreed to.
+    void forgetCloseAgreed();
+
     /// Closes every document. @return false when one stayed open
     [[nodiscard]] bool closeAll();
 

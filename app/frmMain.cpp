@@ -15,6 +15,7 @@
 #include "settings/Help.h"
 #include "settings/RunReported.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDir>
@@ -145,6 +146,32 @@ ConfigForm *frmMain::activeDocument() const
 const std::vector<ConfigForm *> &frmMain::documents() const
 {
     return m_area->documents();
+}
+
+void frmMain::closeOnRequest()
+{
+    QWidget *dialog = QApplication::activeModalWidget();
+    m_isCloseRequested = dialog != nullptr;
+    if (dialog)
+        QApplication::alert(dialog);
+    else
+        close();
+}
+
+bool frmMain::queryEndOfSession()
+{
+    bool isAgreed = false;
+    runReported(m_services.messages, [&] { isAgreed = m_area->queryCloseAll(); });
+    m_area->forgetCloseAgreed();
+    return isAgreed;
+}
+
+bool frmMain::event(QEvent *event)
+{
+    // Behind a dialog that has ended there may be another one.
+    if (event->type() == QEvent::WindowUnblocked && m_isCloseRequested)
+        QMetaObject::invokeMethod(this, &frmMain::closeOnRequest, Qt::QueuedConnection);
+    return QMainWindow::event(event);
 }
 
 void frmMain::closeEvent(QCloseEvent *event)

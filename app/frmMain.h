@@ -67,7 +67,16 @@ public:
     /// All documents, oldest first.
     [[nodiscard]] const std::vector<ConfigForm *> &documents() const;
 
+    /// Closes the window as the user does, with its questions, once no dialog is open any more: its answer may still be
+    /// on its way to a document.
+    void closeOnRequest();
+
+    /// Asks about each changed document, as before closing, and closes nothing: the session that is about to end may go
+    /// on after all. @return false when it is not to end
+    [[nodiscard]] bool queryEndOfSession();
+
 protected:
+    bool event(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -108,4 +117,5 @@ private:
     CommandBars m_bars;
     CommonDialog m_dialog;
     PrintDialogs m_printDialogs;
+    bool m_isCloseRequested = false;
 };

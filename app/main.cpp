@@ -15,6 +15,8 @@
 #include "settings/StoredPreferences.h"
 #include "settings/Utilities.h"
 
+#include <QSessionManager>
+
 int main(int argc, char **argv)
 {
     const Platform platform = makePlatform(Application::title(), argc, argv);
@@ -50,6 +52,15 @@ int main(int argc, char **argv)
     PlatformProbe(*platform.registry, platform.versionWord);
     window.LoadAll(filesOfCommandLine(platform.commandLine));
     window.show();
+    if (platform.endRequests)
+        platform.endRequests->listen([&window] { window.closeOnRequest(); });
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &window, [&window](QSessionManager &session) {
+        if (!session.allowsInteraction())
+            return;
+        if (!window.queryEndOfSession())
+            session.cancel();
+        session.release();
+    });
     const QString picture = qEnvironmentVariable("ZENTILCONF_PICTURE");
     if (!picture.isEmpty())
         writePictureWhenShown(window, picture);

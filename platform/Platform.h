@@ -3,6 +3,7 @@
 #include "platform/Accounts.h"
 #include "platform/DataSources.h"
 #include "platform/Directory.h"
+#include "platform/EndRequests.h"
 #include "platform/FileAccess.h"
 #include "platform/FileSystem.h"
 #include "platform/FileTypes.h"
@@ -50,6 +51,8 @@ struct Platform
     std::unique_ptr<Programs> programs;
     /// Uses programs, and goes before them.
     std::unique_ptr<HelpViewer> helpViewer;
+    /// nullptr where the system asks through windows alone.
+    std::unique_ptr<EndRequests> endRequests;
     CommandLine commandLine;
     ProgramPathForm programPath;
     /// The system's version as GetVersion() lays it out: major version in the lowest byte, minor version in the next.

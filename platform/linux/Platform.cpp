@@ -4,6 +4,7 @@
 #include "platform/ByteText.h"
 #include "platform/LdapDirectory.h"
 #include "platform/linux/DesktopFileTypes.h"
+#include "platform/linux/EndSignals.h"
 #include "platform/linux/IniUserSettings.h"
 #include "platform/linux/LinuxAccounts.h"
 #include "platform/linux/LinuxFileAccess.h"
@@ -78,6 +79,7 @@ Platform makePlatform(const QString &title, int argc, const char *const *argv)
     platform.dataSources = std::make_unique<OdbcDataSources>();
     platform.programs = std::make_unique<LinuxPrograms>();
     platform.helpViewer = std::make_unique<XchmHelpViewer>(*platform.programs, drivesFolder);
+    platform.endRequests = std::make_unique<EndSignals>();
     for (int i = 1; i < argc; ++i)
         platform.commandLine.arguments << decodeBytes(argv[i]);
     platform.programPath = {QStringLiteral("/"), QString()};
