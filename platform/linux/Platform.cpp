@@ -11,6 +11,7 @@
 #include "platform/linux/LinuxFileSystem.h"
 #include "platform/linux/LinuxPrograms.h"
 #include "platform/linux/SqliteRegistry.h"
+#include "platform/linux/UserFolders.h"
 #include "platform/linux/XchmHelpViewer.h"
 #include "platform/OdbcDataSources.h"
 
@@ -62,6 +63,7 @@ quint32 kernelVersionWord()
 
 Platform makePlatform(const QString &title, int argc, const char *const *argv)
 {
+    settleUserFolders();
     Platform platform;
     platform.files = std::make_unique<LinuxFileAccess>(std::make_unique<SystemCalls>(),
                                                        stateFolder() + '/' + encodeText(title) + "/unfinished");
