@@ -73,10 +73,18 @@ class Desktop:
         )
         for name in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_SCALE_FACTOR"):
             os.environ.pop(name, None)
+        self.start_display()
+        # A program that asks for the accessibility bus before that stands does without it.
+        until(self._has_accessibility_bus, "the accessibility bus")
+        Atspi.get_desktop(0).get_child_count()
+
+    def start_display(self):
+        """A virtual display with a window manager, which programs use that are started from now on. Returns the process
+        of the display."""
         reading, writing = os.pipe()
         # Otherwise the display begins anew whenever its last client leaves, and turns away who comes just then: the
         # window manager, while it is asked for.
-        self.start(
+        display = self.start(
             "Xvfb", "-displayfd", str(writing), "-noreset", "-nolisten", "tcp",
             "-screen", "0", f"{SCREEN[0]}x{SCREEN[1]}x24",
             pass_fds=[writing],
@@ -86,9 +94,7 @@ class Desktop:
             os.environ["DISPLAY"] = f":{number.readline().strip()}"
         self.start("openbox")
         until(lambda: self.xdotool("get_desktop", check=False).returncode == 0, "the window manager")
-        # A program that asks for the accessibility bus before that stands does without it.
-        until(self._has_accessibility_bus, "the accessibility bus")
-        Atspi.get_desktop(0).get_child_count()
+        return display
 
     def __enter__(self):
         return self
@@ -99,11 +105,11 @@ class Desktop:
     def start(self, *command, **options):
         with open(self.folder / f"{pathlib.Path(command[0]).name}.log", "ab") as log:
             process = subprocess.Popen(command, stdout=log, stderr=log, **options)
-        self._ended.callback(self._end, process)
+        self._ended.callback(self.end, process)
         return process
 
     @staticmethod
-    def _end(process):
+    def end(process):
         if process.poll() is None:
             process.send_signal(signal.SIGTERM)
         process.wait(PATIENCE)
