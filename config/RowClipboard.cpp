@@ -5,11 +5,14 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QStringDecoder>
+#include <QStringEncoder>
 
 #include <memory>
 
 namespace {
 
+// UTF-16, in which also carried bytes and halves of pairs stay what they are.
 const QString rowsFormat = QStringLiteral("application/x-zentilconf-rows");
 
 } // namespace
@@ -20,7 +23,7 @@ void RowClipboard::put(const QString &text)
     const QString shown = shownText(text);
     data->setText(shown);
     if (shown != text)
-        data->setData(rowsFormat, encodeText(text));
+        data->setData(rowsFormat, QStringEncoder(QStringEncoder::Utf16LE)(text));
     // The clipboard owns it from here on.
     QGuiApplication::clipboard()->setMimeData(data.release());
 }
@@ -30,5 +33,8 @@ QString RowClipboard::text()
     const QMimeData *data = QGuiApplication::clipboard()->mimeData();
     if (!data)
         return {};
-    return data->hasFormat(rowsFormat) ? decodeBytes(data->data(rowsFormat)) : data->text();
+    if (!data->hasFormat(rowsFormat))
+        return data->text();
+    // A mark at the front is a row's own.
+    return QStringDecoder(QStringDecoder::Utf16LE, QStringDecoder::Flag::ConvertInitialBom)(data->data(rowsFormat));
 }
