@@ -3,6 +3,7 @@
 #include "tests/config/PlainGrammar.h"
 
 #include <QRegularExpression>
+#include <QStringDecoder>
 
 #include <algorithm>
 #include <optional>
@@ -50,6 +51,12 @@ std::optional<QString> settingIn(const QString &line, const QString &key)
     if (value.size() >= 2 && value.startsWith('"') && value.endsWith('"'))
         value = value.mid(1, value.size() - 2);
     return value;
+}
+
+/// A mark at the front is a character like any other.
+QString textOf(const QByteArray &utf8)
+{
+    return QStringDecoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom)(utf8);
 }
 
 } // namespace
@@ -209,13 +216,24 @@ void UsedDocument::takeBack(const Step &step)
     }
 }
 
+QString withoutHalves(QString text)
+{
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate())
+            ++i;
+        else if (text[i].isSurrogate() && text[i] != carrier)
+            text[i] = QChar(0xFFFD);
+    }
+    return text;
+}
+
 QByteArray bytesOf(const QStringList &rows)
 {
     QByteArray bytes;
     for (const QString &row : rows) {
         const QStringList pieces = row.split(carrier);
         for (qsizetype i = 0; i < pieces.size(); ++i)
-            bytes += (i > 0 ? QByteArray("\xFF") : QByteArray()) + pieces[i].toUtf8();
+            bytes += (i > 0 ? QByteArray("\xFF") : QByteArray()) + withoutHalves(pieces[i]).toUtf8();
         bytes += "\r\n";
     }
     return bytes;
@@ -225,7 +243,7 @@ QStringList rowsOf(const QByteArray &bytes)
 {
     QStringList pieces;
     for (const QByteArray &piece : bytes.split('\xFF'))
-        pieces << QString::fromUtf8(piece);
+        pieces << textOf(piece);
     return bytes.isEmpty() ? QStringList() : linesOf(pieces.join(carrier));
 }
 

@@ -13,6 +13,21 @@ inline const QStringList typedPieces{"C:\\",   "x",          " ",  "\t",      "\
                                      "!",      "$(LOG)",     "R",  "HKLM\\a", "NTUSER:", "LDAP:", "#define ", "MAILTO ",
                                      "\u00E9", "\U0001F600", "%1", "&",       "<b>",     "\n",    "\r\n"};
 
+/// What a clipboard may hold and nobody types: halves of a character that is no UTF-16, a mark, a zero, other line
+/// ends.
+inline const QStringList oddPieces{QString(QChar(0xD800)),
+                                   QString(QChar(0xDC00)),
+                                   QString(QChar(0xDFFF)),
+                                   QString(QChar(0xFEFF)),
+                                   QString(QChar(0xFFFF)),
+                                   QString(QChar(0)),
+                                   QString(QChar(0x2028)),
+                                   QString(QChar(0x202E)),
+                                   "\r",
+                                   "\n\r"};
+
+inline constexpr size_t mostDocuments = 4;
+
 /// Keeps what the user is told and asked, and answers in the order of answers; with Yes when there is none left.
 class ToldMessages final : public Messages
 {
@@ -94,6 +109,7 @@ protected:
     [[nodiscard]] std::optional<QStringList> read(const QString &path);
     void openFile();
     void newDocument();
+    void dropFile();
     void activateAny();
     void reload();
     [[nodiscard]] SavePlan planSave();
@@ -143,6 +159,17 @@ protected:
     [[nodiscard]] bool isRefused(const QString &form, const plain::Parts &parts, Messages::Answer answer);
     [[nodiscard]] static QString objectOf(const QString &form, QString object);
     void cancelEditor();
+
+    // Pickers
+
+    void addThingsToPick();
+
+    /// Some keys and clicks in a dialog, none of which closes it.
+    void clickAbout(QWidget &dialog);
+
+    /// The rows of a document, or all of it, while a dialog of one of its editors is open.
+    void takeAway(ConfigForm &document);
+    void usePicker();
 
     // Global settings
 

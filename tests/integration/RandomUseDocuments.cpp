@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr int mostDocuments = 4;
 constexpr int manyRows = 40;
 
 } // namespace
@@ -348,8 +347,7 @@ void RandomUse::paste()
         return remove();
     }
     if (random.chance(30)) {
-        clipboard =
-            random.text(typedPieces + QStringList{"\r", "\r\n", "\n\r", QString(QChar(0)), QString(QChar(0x2028))}, 8);
+        clipboard = random.text(typedPieces + oddPieces, 8);
         QGuiApplication::clipboard()->setText(clipboard);
     }
     note("paste " + clipboard);

@@ -60,6 +60,7 @@ RandomUse::RandomUse()
     fakeFiles.content.clear();
     fileSystem.addDrive("C:\\");
     fileSystem.addFolder("C:\\windows");
+    addThingsToPick();
     for (int i = 0; i < 4; ++i)
         paths << folder.filePath(QString("f%1.zcf").arg(i));
     for (int i = 0; i < 2; ++i) {
@@ -114,9 +115,10 @@ void RandomUse::compare() const
 void RandomUse::act()
 {
     // clang-format off
-    static constexpr std::array<std::pair<int, void (RandomUse::*)()>, 20> actions {{
+    static constexpr std::array<std::pair<int, void (RandomUse::*)()>, 22> actions {{
         {4,  &RandomUse::openFile},
         {1,  &RandomUse::newDocument},
+        {2,  &RandomUse::dropFile},
         {4,  &RandomUse::activateAny},
         {1,  &RandomUse::reload},
         {5,  &RandomUse::save},
@@ -135,6 +137,7 @@ void RandomUse::act()
         {8,  &RandomUse::checkFlags},
         {10, &RandomUse::confirmEditor},
         {3,  &RandomUse::cancelEditor},
+        {8,  &RandomUse::usePicker},
     }};
     // clang-format on
     told.said.clear();
