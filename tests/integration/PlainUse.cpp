@@ -53,6 +53,18 @@ std::optional<QString> settingIn(const QString &line, const QString &key)
     return value;
 }
 
+/// Half a pair of surrogates is no character and is written as the one that stands for what is none.
+QString withoutHalves(QString text)
+{
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate())
+            ++i;
+        else if (text[i].isSurrogate())
+            text[i] = QChar(0xFFFD);
+    }
+    return text;
+}
+
 /// A mark at the front is a character like any other.
 QString textOf(const QByteArray &utf8)
 {
@@ -214,17 +226,6 @@ void UsedDocument::takeBack(const Step &step)
         else if (change->kind == Change::Removed && change->line <= document.rows.size())
             document.rows.insert(change->line, {change->before});
     }
-}
-
-QString withoutHalves(QString text)
-{
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate())
-            ++i;
-        else if (text[i].isSurrogate() && text[i] != carrier)
-            text[i] = QChar(0xFFFD);
-    }
-    return text;
 }
 
 QByteArray bytesOf(const QStringList &rows)

@@ -60,9 +60,6 @@ private:
     QList<Step> m_steps;
 };
 
-/// A text as it is written: half a pair of surrogates, where it is no byte, becomes the character for what is none.
-[[nodiscard]] QString withoutHalves(QString text);
-
 /// The bytes of rows in a file. Of bytes that are not UTF-8 only 0xFF is known.
 [[nodiscard]] QByteArray bytesOf(const QStringList &rows);
 
