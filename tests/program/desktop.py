@@ -125,9 +125,23 @@ class Desktop:
         return subprocess.run(["xdotool", *arguments], check=check, capture_output=True, text=True, timeout=PATIENCE)
 
     def keys(self, *names):
+        until(self._has_focus, "a window with the focus")
         self.xdotool("key", "--clearmodifiers", *names)
 
+    def _has_focus(self):
+        """Whether keys get to a window: when one closes, it takes the window manager a moment to choose another, and
+        that one a moment to hear of it."""
+        focused = self.xdotool("getwindowfocus", "getwindowname", check=False).stdout.rstrip("\n")
+        root = Atspi.get_desktop(0)
+        for application in (root.get_child_at_index(index) for index in range(root.get_child_count())):
+            for index in range(application.get_child_count() if application else 0):
+                window = application.get_child_at_index(index)
+                if window and window.get_state_set().contains(Atspi.StateType.ACTIVE):
+                    return window.get_name() == focused
+        return False
+
     def type(self, text):
+        until(self._has_focus, "a window with the focus")
         self.xdotool("type", "--clearmodifiers", "--delay", "5", text)
 
     def click(self, node, times=1, button=1):
@@ -246,6 +260,11 @@ class Program:
         if not button.get_state_set().contains(Atspi.StateType.ENABLED):
             raise Failure(f'"{caption}" in "{title}" is disabled')
         self.desktop.click(button)
+
+    def answer(self, title, caption):
+        """Presses a button that closes its window, and waits until that has gone."""
+        self.press(title, caption)
+        self.await_closed(title)
 
     def text_of(self, title, name):
         node = self.find(title, "text", name)
