@@ -2,18 +2,19 @@
 
 #include "platform/AidLibrary.h"
 #include "platform/ByteText.h"
-#include "platform/LdapDirectory.h"
 #include "platform/linux/DesktopFileTypes.h"
 #include "platform/linux/EndSignals.h"
 #include "platform/linux/IniUserSettings.h"
+#include "platform/linux/LateDataSources.h"
+#include "platform/linux/LateDirectory.h"
 #include "platform/linux/LinuxAccounts.h"
 #include "platform/linux/LinuxFileAccess.h"
 #include "platform/linux/LinuxFileSystem.h"
 #include "platform/linux/LinuxPrograms.h"
+#include "platform/linux/ServiceLibrary.h"
 #include "platform/linux/SqliteRegistry.h"
 #include "platform/linux/UserFolders.h"
 #include "platform/linux/XchmHelpViewer.h"
-#include "platform/OdbcDataSources.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -72,13 +73,13 @@ Platform makePlatform(const QString &title, int argc, const char *const *argv)
     platform.fileSystem = std::make_unique<LinuxFileSystem>(drivesFolder);
     platform.userSettings =
         std::make_unique<IniUserSettings>(*platform.files, QStringLiteral("%1/%2/%2.ini").arg(configuration, title));
-    platform.registry = std::make_unique<SqliteRegistry>(registryFile(title), registryUserKey());
+    platform.registry = std::make_unique<SqliteRegistry>(registryFile(title), registryUserKey);
     platform.fileTypes = std::make_unique<DesktopFileTypes>(
         *platform.files, QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation), configuration);
     platform.accounts = std::make_unique<LinuxAccounts>(std::make_unique<NameService>());
-    platform.directory = std::make_unique<LdapDirectory>();
+    platform.directory = std::make_unique<LateDirectory>(ServiceLibrary::folders);
     platform.scrambler = std::make_unique<AidLibrary>(QStringLiteral("runaid"), QStringConverter::Latin1);
-    platform.dataSources = std::make_unique<OdbcDataSources>();
+    platform.dataSources = std::make_unique<LateDataSources>(ServiceLibrary::folders);
     platform.programs = std::make_unique<LinuxPrograms>();
     platform.helpViewer = std::make_unique<XchmHelpViewer>(*platform.programs, drivesFolder);
     platform.endRequests = std::make_unique<EndSignals>();

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <utility>
 
 namespace {
 
@@ -80,9 +81,9 @@ QByteArray folderOf(const QByteArray &path)
 
 } // namespace
 
-RegistryDatabase::RegistryDatabase(const QByteArray &path, const QByteArray &userKey)
+RegistryDatabase::RegistryDatabase(const QByteArray &path, std::function<QByteArray()> userKey)
     : m_path(path)
-    , m_userKeyName(userKey)
+    , m_userKeyName(std::move(userKey))
 {
 }
 
@@ -179,14 +180,15 @@ void RegistryDatabase::prepareTables() const
 
 void RegistryDatabase::prepareUserKey()
 {
+    const QByteArray name = m_userKeyName();
     const RegistryTree tree(*m_connection);
-    m_userKey = tree.child(Users, m_userKeyName);
+    m_userKey = tree.child(Users, name);
     if (m_userKey != None || !isWritable())
         return;
     SqliteTransaction transaction(*m_connection, SqliteTransaction::Kind::Write);
-    m_userKey = tree.child(Users, m_userKeyName);
+    m_userKey = tree.child(Users, name);
     if (m_userKey == None) {
-        m_userKey = tree.makeChild(Users, m_userKeyName, {});
+        m_userKey = tree.makeChild(Users, name, {});
         transaction.commit();
     }
 }

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 
+#include <functional>
 #include <optional>
 
 /// The database file that the registry's keys and values are in. It is opened when it is first asked for, and made then
@@ -25,8 +26,8 @@ public:
     static constexpr qint64 None          = -1;
     // clang-format on
 
-    /// @param userKey the name of the user's key below HKEY_USERS, UTF-8
-    RegistryDatabase(const QByteArray &path, const QByteArray &userKey);
+    /// @param userKey the name of the user's key below HKEY_USERS, UTF-8; asked for when the file is opened
+    RegistryDatabase(const QByteArray &path, std::function<QByteArray()> userKey);
 
     /// @throws RegistryFailure
     [[nodiscard]] const SqliteConnection &connection();
@@ -54,7 +55,7 @@ private:
     void prepareUserKey();
 
     QByteArray m_path;
-    QByteArray m_userKeyName;
+    std::function<QByteArray()> m_userKeyName;
     LockPatience m_patience;
     std::optional<SqliteConnection> m_connection;
     quint64 m_generation = 0;

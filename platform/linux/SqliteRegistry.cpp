@@ -81,8 +81,13 @@ Registry::Result putData(const RegistryTree::Value &value, quint32 *type, uchar 
 
 } // namespace
 
+SqliteRegistry::SqliteRegistry(const QByteArray &path, std::function<QByteArray()> userKey)
+    : m_database(path, std::move(userKey))
+{
+}
+
 SqliteRegistry::SqliteRegistry(const QByteArray &path, const QByteArray &userKey)
-    : m_database(path, userKey)
+    : SqliteRegistry(path, [userKey] { return userKey; })
 {
 }
 

@@ -7,6 +7,8 @@
 #include <QByteArrayList>
 #include <QHash>
 
+#include <functional>
+
 /// A registry of this program's own where the system has none: keys and values in one database, which several programs
 /// may use at once. Its code page is ISO 8859-1, a byte a character.
 ///
@@ -19,7 +21,9 @@ class SqliteRegistry final : public Registry
 {
 public:
     /// @param path the database file's
-    /// @param userKey the name of the user's key below HKEY_USERS
+    /// @param userKey the name of the user's key below HKEY_USERS; asked for when the file is opened, because looking
+    /// for a user may take the system long
+    SqliteRegistry(const QByteArray &path, std::function<QByteArray()> userKey);
     SqliteRegistry(const QByteArray &path, const QByteArray &userKey);
 
     [[nodiscard]] bool hasStore() const override { return m_database.isThere(); }

@@ -20,6 +20,13 @@ namespace {
 
 constexpr int patienceMs = 60000;
 
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return file.readAll();
+}
+
 /// The program itself, without a display, with the home that the test has.
 class RunningProgram final
 {
@@ -59,6 +66,12 @@ public:
 
     [[nodiscard]] bool isRunning() const { return m_process.state() == QProcess::Running; }
 
+    /// The files that are mapped into it, a line for each part.
+    [[nodiscard]] QByteArray maps() const
+    {
+        return bytesOf(QStringLiteral("/proc/%1/maps").arg(m_process.processId()));
+    }
+
     [[nodiscard]] QByteArray errors()
     {
         m_errors += m_process.readAllStandardError();
@@ -73,13 +86,6 @@ private:
 public:
     QString picturePath = m_folder.filePath("window.png");
 };
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
-}
 
 void write(const QString &path, const QByteArray &bytes)
 {
@@ -137,6 +143,17 @@ TEST_F(Start, WithoutAFileShowsAnEmptyWindowAndGoesOn)
     program.start({});
     EXPECT_EQ(program.documents(), QStringList());
     EXPECT_TRUE(program.isRunning());
+}
+
+// The services of seldom used dialogs: what they need of the system is large.
+TEST_F(Start, LoadsNoLibraryOfADialog)
+{
+    program.start({SAMPLES_FOLDER "/server.zcf"});
+    ASSERT_EQ(program.documents().size(), 1);
+    const QByteArray maps = program.maps();
+    EXPECT_TRUE(maps.contains("libQt6Widgets"));
+    for (const char *library : {"libldap", "libgnutls", "libodbc", "zentilconf-services"})
+        EXPECT_FALSE(maps.contains(library)) << library;
 }
 
 TEST_F(Start, ThePictureShowsTheWindow)
