@@ -7,8 +7,13 @@
 #include "settings/DocumentPreferences.h"
 
 #include <QApplication>
+#include <QPrinter>
+#include <QScrollBar>
+#include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
+
+#include <memory>
 
 namespace {
 
@@ -48,26 +53,27 @@ public:
     void storeListFont(const QString &, qint16) override {}
 };
 
-/// An open document on the screen, with all its rows selected but the first and the last.
-class OpenDocument
+/// A document, with its window, of a file of that many lines.
+class Document
 {
 public:
-    explicit OpenDocument(int lines)
+    explicit Document(int lines)
     {
         files.bytes = realisticLines(lines).join(QStringLiteral("\r\n")).toUtf8();
         form.setAttribute(Qt::WA_DeleteOnClose, false);
         form.file().SetInfo(QStringLiteral("a.zcf"));
+        form.resize(800, 600);
+    }
+
+    void open()
+    {
         qint16 result = 0;
         form.Form_Load_Data(0, result);
-        form.resize(800, 600);
         form.show();
-        RowSelection selection;
-        for (int row = 1; row < lines - 1; ++row)
-            selection.rows.push_back(row);
-        selection.current = 1;
-        form.findChild<ConfigListView *>()->setRowSelection(selection);
         QCoreApplication::processEvents();
     }
+
+    [[nodiscard]] ConfigListView &list() const { return *form.findChild<ConfigListView *>(); }
 
     OneFile files;
     NoMessages messages;
@@ -76,6 +82,85 @@ public:
     NoPreferences preferences;
     ConfigForm form{{files, messages, shell, editors, preferences}};
 };
+
+/// An open document on the screen, with all its rows selected but the first and the last.
+class OpenDocument : public Document
+{
+public:
+    explicit OpenDocument(int lines)
+        : Document(lines)
+    {
+        open();
+        RowSelection selection;
+        for (int row = 1; row < lines - 1; ++row)
+            selection.rows.push_back(row);
+        selection.current = 1;
+        list().setRowSelection(selection);
+        QCoreApplication::processEvents();
+    }
+};
+
+/// From the file's bytes in memory until the rows are painted. Reading it from the disk is in the other benchmarks.
+void OpenWindow(benchmark::State &state)
+{
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto document = std::make_unique<Document>(int(state.range()));
+        state.ResumeTiming();
+        document->open();
+        state.PauseTiming();
+        document.reset();
+        state.ResumeTiming();
+    }
+    state.SetComplexityN(state.range());
+}
+BENCHMARK(OpenWindow)->RangeMultiplier(4)->Range(500, 32'000)->Unit(benchmark::kMillisecond)->Complexity();
+
+/// A page on, from the first row to the last and again. The goal is less than the 16 ms that a screen shows a picture,
+/// however many rows there are.
+void ScrollPage(benchmark::State &state)
+{
+    Document document(int(state.range()));
+    document.open();
+    QScrollBar &bar = *document.list().verticalScrollBar();
+    for (auto _ : state) {
+        bar.triggerAction(bar.value() == bar.maximum() ? QScrollBar::SliderToMinimum : QScrollBar::SliderPageStepAdd);
+        QCoreApplication::processEvents();
+    }
+}
+BENCHMARK(ScrollPage)->RangeMultiplier(8)->Range(500, 32'000)->Unit(benchmark::kMillisecond);
+
+void SelectAll(benchmark::State &state)
+{
+    Document document(int(state.range()));
+    document.open();
+    for (auto _ : state) {
+        document.list().selectAll();
+        QCoreApplication::processEvents();
+        state.PauseTiming();
+        document.list().clearSelection();
+        QCoreApplication::processEvents();
+        state.ResumeTiming();
+    }
+    state.SetComplexityN(state.range());
+}
+BENCHMARK(SelectAll)->RangeMultiplier(4)->Range(500, 32'000)->Unit(benchmark::kMillisecond)->Complexity();
+
+/// All rows, into a PDF file.
+void Print(benchmark::State &state)
+{
+    const QTemporaryDir folder;
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(folder.filePath(QStringLiteral("a.pdf")));
+    Document document(int(state.range()));
+    document.shell.onPrinter = [&printer]() -> QPrinter & { return printer; };
+    document.open();
+    for (auto _ : state)
+        document.form.PrintOut();
+    state.SetComplexityN(state.range());
+}
+BENCHMARK(Print)->RangeMultiplier(4)->Range(500, 32'000)->Unit(benchmark::kMillisecond)->Complexity();
 
 /// A command and what follows on the screen; then undone, which is not measured.
 void measure(benchmark::State &state, void (ConfigForm::*command)())
@@ -101,8 +186,8 @@ BENCHMARK(ToggleComments)->RangeMultiplier(4)->Range(500, 32'000)->Unit(benchmar
 void removeAndUndo(benchmark::State &state, bool isUndoMeasured)
 {
     OpenDocument document(int(state.range()));
-    auto *list = document.form.findChild<ConfigListView *>();
-    const RowSelection all = list->rowSelection();
+    ConfigListView &list = document.list();
+    const RowSelection all = list.rowSelection();
     const auto step = [&](void (ConfigForm::*command)(), bool isMeasured) {
         if (!isMeasured)
             state.PauseTiming();
@@ -115,7 +200,7 @@ void removeAndUndo(benchmark::State &state, bool isUndoMeasured)
         step(&ConfigForm::Remove_Other, !isUndoMeasured);
         step(&ConfigForm::mnuEditUndo_Click, isUndoMeasured);
         state.PauseTiming();
-        list->setRowSelection(all);
+        list.setRowSelection(all);
         QCoreApplication::processEvents();
         state.ResumeTiming();
     }
