@@ -133,12 +133,14 @@ bool RegistryTree::removeValue(qint64 key, const QByteArray &name) const
     return true;
 }
 
-std::optional<RegistryTree::Key> RegistryTree::childAt(const RegistryPlace &place, quint32 index) const
+QList<RegistryTree::Key> RegistryTree::children(const RegistryPlace &place) const
 {
-    SqliteStatement statement(m_connection,
-                              "SELECT name, class, written" SHOWN_KEYS "ORDER BY folded LIMIT 1 OFFSET ?3");
-    statement.bind(place.first).bind(place.second).bind(index);
-    return statement.step() ? std::optional(keyOf(statement)) : std::nullopt;
+    SqliteStatement statement(m_connection, "SELECT name, class, written" SHOWN_KEYS "ORDER BY folded");
+    statement.bind(place.first).bind(place.second);
+    QList<Key> keys;
+    while (statement.step())
+        keys << keyOf(statement);
+    return keys;
 }
 
 std::optional<RegistryTree::Value> RegistryTree::valueAt(const RegistryPlace &place, quint32 index) const

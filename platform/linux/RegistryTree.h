@@ -5,8 +5,10 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QList>
 
 #include <optional>
+#include <utility>
 
 /// A place in the tree of keys as it is seen: a key of the database, or two of which the first hides what the second
 /// has by the same name.
@@ -14,6 +16,8 @@ struct RegistryPlace
 {
     qint64 first;
     qint64 second;
+
+    [[nodiscard]] bool operator==(const RegistryPlace &) const = default;
 };
 
 /// The keys and values in the registry's database, by the keys' numbers. Names are in the registry's code page, ISO
@@ -54,9 +58,11 @@ public:
     [[nodiscard]] bool removeValue(qint64 key, const QByteArray &name) const;
 
     /// In the order of the names.
-    [[nodiscard]] std::optional<Key> childAt(const RegistryPlace &place, quint32 index) const;
+    [[nodiscard]] QList<Key> children(const RegistryPlace &place) const;
     /// In the order in which they were made.
     [[nodiscard]] std::optional<Value> valueAt(const RegistryPlace &place, quint32 index) const;
+    /// See SqliteConnection::version().
+    [[nodiscard]] std::pair<qint64, qint64> version() const { return m_connection.version(); }
     /// All but the security descriptor and the time.
     [[nodiscard]] RegistryKeyInfo info(const RegistryPlace &place) const;
 

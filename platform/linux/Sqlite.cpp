@@ -118,6 +118,15 @@ qint64 SqliteConnection::lastInsertedRow() const
     return sqlite3_last_insert_rowid(get());
 }
 
+std::pair<qint64, qint64> SqliteConnection::version() const
+{
+    // The first number tells of the changes of others, the second of those of this connection.
+    SqliteStatement version(*this, "PRAGMA data_version");
+    if (!version.step())
+        throw failureOf(SQLITE_ERROR);
+    return {version.number(0), sqlite3_total_changes64(get())};
+}
+
 RegistryFailure SqliteConnection::failureOf(int code) const
 {
     if (get() == nullptr)

@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <memory>
+#include <utility>
 
 /// Raised within the registry's store when an operation cannot go on; the store's own operations turn it into their
 /// result.
@@ -45,6 +46,8 @@ public:
     [[nodiscard]] bool hasMoved() const;
     [[nodiscard]] bool isInTransaction() const;
     [[nodiscard]] qint64 lastInsertedRow() const;
+    /// Another pair of numbers after every change, whoever has made it. To be asked for within a transaction.
+    [[nodiscard]] std::pair<qint64, qint64> version() const;
     [[nodiscard]] sqlite3 *get() const { return m_connection.get(); }
 
     /// The failure that the result of a call stands for.

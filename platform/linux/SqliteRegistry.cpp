@@ -206,9 +206,10 @@ Registry::Result SqliteRegistry::RegEnumKeyExA(Handle key, quint32 index, char *
                                                char *className, quint32 *classLength, quint64 *lastWrite)
 {
     return run(Kind::Read, [&](const RegistryTree &tree) {
-        const auto found = tree.childAt(placeOf(tree, key, EnumerateSubKeys), index);
-        if (!found)
+        const QList<RegistryTree::Key> &keys = childrenOf(tree, placeOf(tree, key, EnumerateSubKeys));
+        if (index >= quint32(keys.size()))
             return Result::NoMoreItems;
+        const RegistryTree::Key *found = &keys[index];
         const bool hasClass = className != nullptr && classLength != nullptr;
         if (hasClass && found->className.size() >= qsizetype(*classLength))
             return Result::MoreData;
@@ -334,6 +335,16 @@ RegistryPlace SqliteRegistry::hivePlace(const RegistryTree &tree, Handle hive) c
     default:
         throw RegistryFailure{Result::InvalidHandle};
     }
+}
+
+const QList<RegistryTree::Key> &SqliteRegistry::childrenOf(const RegistryTree &tree, const RegistryPlace &place)
+{
+    const quint64 generation = m_database.generation();
+    const auto version = tree.version();
+    if (!m_enumerated || !(m_enumerated->place == place) || m_enumerated->generation != generation ||
+        m_enumerated->version != version)
+        m_enumerated = {place, generation, version, tree.children(place)};
+    return m_enumerated->keys;
 }
 
 /// The key that takes what is made at place, the place of key.

@@ -8,6 +8,8 @@
 #include <QHash>
 
 #include <functional>
+#include <optional>
+#include <utility>
 
 /// A registry of this program's own where the system has none: keys and values in one database, which several programs
 /// may use at once. Its code page is ISO 8859-1, a byte a character.
@@ -57,12 +59,22 @@ private:
         quint32 access;
         quint64 generation;
     };
+    /// The sub-keys of the key that was enumerated last. Who enumerates asks for one after the other, and to find one
+    /// takes as long as to read all.
+    struct Enumerated
+    {
+        RegistryPlace place;
+        quint64 generation;
+        std::pair<qint64, qint64> version;
+        QList<RegistryTree::Key> keys;
+    };
 
     template<class Work>
     Result run(SqliteTransaction::Kind kind, const Work &work);
 
     [[nodiscard]] RegistryPlace placeOf(const RegistryTree &tree, Handle key, quint32 access) const;
     [[nodiscard]] RegistryPlace hivePlace(const RegistryTree &tree, Handle hive) const;
+    [[nodiscard]] const QList<RegistryTree::Key> &childrenOf(const RegistryTree &tree, const RegistryPlace &place);
     [[nodiscard]] qint64 writtenKey(const RegistryTree &tree, Handle key, const RegistryPlace &place) const;
     [[nodiscard]] RegistryPlace find(const RegistryTree &tree, Handle key, const QByteArrayList &path) const;
     [[nodiscard]] quint32 grantedAccess(quint32 access) const;
@@ -70,5 +82,6 @@ private:
 
     RegistryDatabase m_database;
     QHash<Handle, OpenKey> m_openKeys;
+    std::optional<Enumerated> m_enumerated;
     Handle m_lastHandle = 0;
 };
