@@ -143,11 +143,20 @@ QList<RegistryTree::Key> RegistryTree::children(const RegistryPlace &place) cons
     return keys;
 }
 
-std::optional<RegistryTree::Value> RegistryTree::valueAt(const RegistryPlace &place, quint32 index) const
+QList<qint64> RegistryTree::valueNumbers(const RegistryPlace &place) const
 {
-    SqliteStatement statement(m_connection,
-                              "SELECT name, type, data" SHOWN_ENTRIES "ORDER BY key <> ?1, id LIMIT 1 OFFSET ?3");
-    statement.bind(place.first).bind(place.second).bind(index);
+    SqliteStatement statement(m_connection, "SELECT id" SHOWN_ENTRIES "ORDER BY key <> ?1, id");
+    statement.bind(place.first).bind(place.second);
+    QList<qint64> numbers;
+    while (statement.step())
+        numbers << statement.number(0);
+    return numbers;
+}
+
+std::optional<RegistryTree::Value> RegistryTree::value(qint64 number) const
+{
+    SqliteStatement statement(m_connection, "SELECT name, type, data FROM entries WHERE id = ?1");
+    statement.bind(number);
     return statement.step() ? std::optional(valueOf(statement)) : std::nullopt;
 }
 

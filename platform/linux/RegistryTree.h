@@ -59,8 +59,9 @@ public:
 
     /// In the order of the names.
     [[nodiscard]] QList<Key> children(const RegistryPlace &place) const;
-    /// In the order in which they were made.
-    [[nodiscard]] std::optional<Value> valueAt(const RegistryPlace &place, quint32 index) const;
+    /// The numbers of the values in the database, in the order in which they were made.
+    [[nodiscard]] QList<qint64> valueNumbers(const RegistryPlace &place) const;
+    [[nodiscard]] std::optional<Value> value(qint64 number) const;
     /// See SqliteConnection::version().
     [[nodiscard]] std::pair<qint64, qint64> version() const { return m_connection.version(); }
     /// All but the security descriptor and the time.

@@ -206,7 +206,8 @@ Registry::Result SqliteRegistry::RegEnumKeyExA(Handle key, quint32 index, char *
                                                char *className, quint32 *classLength, quint64 *lastWrite)
 {
     return run(Kind::Read, [&](const RegistryTree &tree) {
-        const QList<RegistryTree::Key> &keys = childrenOf(tree, placeOf(tree, key, EnumerateSubKeys));
+        const QList<RegistryTree::Key> &keys =
+            enumerate(tree, placeOf(tree, key, EnumerateSubKeys), &RegistryTree::children, m_lastKeys);
         if (index >= quint32(keys.size()))
             return Result::NoMoreItems;
         const RegistryTree::Key *found = &keys[index];
@@ -229,7 +230,9 @@ Registry::Result SqliteRegistry::RegEnumValueA(Handle key, quint32 index, char *
     if (data != nullptr && dataLength == nullptr)
         return Result::InvalidParameter;
     return run(Kind::Read, [&](const RegistryTree &tree) {
-        const auto found = tree.valueAt(placeOf(tree, key, QueryValue), index);
+        const QList<qint64> &numbers =
+            enumerate(tree, placeOf(tree, key, QueryValue), &RegistryTree::valueNumbers, m_lastValues);
+        const auto found = index < quint32(numbers.size()) ? tree.value(numbers[index]) : std::nullopt;
         if (!found)
             return Result::NoMoreItems;
         const Result result = putData(*found, type, data, dataLength);
@@ -337,14 +340,16 @@ RegistryPlace SqliteRegistry::hivePlace(const RegistryTree &tree, Handle hive) c
     }
 }
 
-const QList<RegistryTree::Key> &SqliteRegistry::childrenOf(const RegistryTree &tree, const RegistryPlace &place)
+template<class Item>
+const QList<Item> &SqliteRegistry::enumerate(const RegistryTree &tree, const RegistryPlace &place,
+                                             QList<Item> (RegistryTree::*read)(const RegistryPlace &) const,
+                                             std::optional<Enumerated<Item>> &last) const
 {
     const quint64 generation = m_database.generation();
     const auto version = tree.version();
-    if (!m_enumerated || !(m_enumerated->place == place) || m_enumerated->generation != generation ||
-        m_enumerated->version != version)
-        m_enumerated = {place, generation, version, tree.children(place)};
-    return m_enumerated->keys;
+    if (!last || last->place != place || last->generation != generation || last->version != version)
+        last = {place, generation, version, (tree.*read)(place)};
+    return last->items;
 }
 
 /// The key that takes what is made at place, the place of key.

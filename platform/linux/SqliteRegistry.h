@@ -59,14 +59,15 @@ private:
         quint32 access;
         quint64 generation;
     };
-    /// The sub-keys of the key that was enumerated last. Who enumerates asks for one after the other, and to find one
-    /// takes as long as to read all.
+    /// What the key has that was enumerated last. Who enumerates asks for one after the other, and to find one takes as
+    /// long as to read all.
+    template<class Item>
     struct Enumerated
     {
         RegistryPlace place;
         quint64 generation;
         std::pair<qint64, qint64> version;
-        QList<RegistryTree::Key> keys;
+        QList<Item> items;
     };
 
     template<class Work>
@@ -74,7 +75,10 @@ private:
 
     [[nodiscard]] RegistryPlace placeOf(const RegistryTree &tree, Handle key, quint32 access) const;
     [[nodiscard]] RegistryPlace hivePlace(const RegistryTree &tree, Handle hive) const;
-    [[nodiscard]] const QList<RegistryTree::Key> &childrenOf(const RegistryTree &tree, const RegistryPlace &place);
+    template<class Item>
+    const QList<Item> &enumerate(const RegistryTree &tree, const RegistryPlace &place,
+                                 QList<Item> (RegistryTree::*read)(const RegistryPlace &) const,
+                                 std::optional<Enumerated<Item>> &last) const;
     [[nodiscard]] qint64 writtenKey(const RegistryTree &tree, Handle key, const RegistryPlace &place) const;
     [[nodiscard]] RegistryPlace find(const RegistryTree &tree, Handle key, const QByteArrayList &path) const;
     [[nodiscard]] quint32 grantedAccess(quint32 access) const;
@@ -82,6 +86,7 @@ private:
 
     RegistryDatabase m_database;
     QHash<Handle, OpenKey> m_openKeys;
-    std::optional<Enumerated> m_enumerated;
+    std::optional<Enumerated<RegistryTree::Key>> m_lastKeys;
+    std::optional<Enumerated<qint64>> m_lastValues;
     Handle m_lastHandle = 0;
 };

@@ -12,8 +12,8 @@ namespace {
 
 using Result = Registry::Result;
 
-/// The store keeps the keys that it was asked for last. Each of these changes something between two questions: what was
-/// kept would give another answer than what is there.
+/// The store keeps the keys and values that it was asked for last. Each of these changes something between two
+/// questions: what was kept would give another answer than what is there.
 class SqliteEnumeration : public FileWorld
 {
 protected:
@@ -31,6 +31,17 @@ protected:
         std::array<char, 256> name{};
         quint32 length = name.size();
         const Result result = registry->RegEnumKeyExA(key, index, name.data(), &length, nullptr, nullptr, nullptr);
+        EXPECT_TRUE(result == Result::Success || result == Result::NoMoreItems);
+        return result == Result::Success ? QByteArray(name.data(), qsizetype(length)) : QByteArray("<none>");
+    }
+
+    /// The name of the value at a position; "<none>" behind the last one.
+    QByteArray valueAt(quint32 index)
+    {
+        std::array<char, 256> name{};
+        quint32 length = name.size();
+        const Result result =
+            registry->RegEnumValueA(Registry::CurrentUser, index, name.data(), &length, nullptr, nullptr, nullptr);
         EXPECT_TRUE(result == Result::Success || result == Result::NoMoreItems);
         return result == Result::Success ? QByteArray(name.data(), qsizetype(length)) : QByteArray("<none>");
     }
@@ -76,6 +87,21 @@ TEST_F(SqliteEnumeration, SeveralKeysAtOnceAreNotMixed)
     EXPECT_EQ(keyAt(1), "b");
     EXPECT_EQ(keyAt(1, inner), "<none>");
     user().close(inner);
+}
+
+TEST_F(SqliteEnumeration, SeesValuesThatAreStoredAndDeletedMeanwhile)
+{
+    user().set(Registry::CurrentUser, "z", "data");
+    EXPECT_EQ(valueAt(0), "z");
+    user().set(Registry::CurrentUser, "a", "data");
+    EXPECT_EQ(valueAt(1), "a");
+    EXPECT_EQ(registry->RegDeleteValueA(Registry::CurrentUser, "z"), Result::Success);
+    EXPECT_EQ(valueAt(0), "a");
+    EXPECT_EQ(valueAt(1), "<none>");
+
+    SqliteRegistry other(at("registry.db"), "me");
+    RegistryUser(other).set(Registry::CurrentUser, "b", "data");
+    EXPECT_EQ(valueAt(1), "b");
 }
 
 // Two folders are shown as one there.
