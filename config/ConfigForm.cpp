@@ -456,13 +456,16 @@ bool ConfigForm::requireCurrentRow()
 
 void ConfigForm::change(const RowCommand &command)
 {
-    const RowSelection selection = command(m_ui.list->rowSelection());
-    m_ui.list->setRowSelection(selection);
+    const RowSelection before = m_ui.list->rowSelection();
+    m_ui.list->setRowSelection(command(before));
     setChanged(-1);
     if (m_changes.canUndo())
         m_presence.setUndoEnabled(true);
     measureRows();
     showRowIndicator();
+    // The row that the status line tells of is gone, and no other has come in its place.
+    if (before.current >= 0 && m_ui.list->listIndex() < 0)
+        m_presence.showStatus({});
 }
 
 void ConfigForm::insertRows(const RowCommand &command)

@@ -64,6 +64,31 @@ TEST_F(DocumentRows, TheRemoveButtonRemovesUntilNothingIsLeft)
     press(*form, "RemoveButton");
 }
 
+/// Without this the status line keeps a row of a document that has none, and a count from the middle of the removal.
+TEST_F(DocumentRows, TheStatusLineTellsOfNoRowThatIsGone)
+{
+    open({"a", "b", "c"});
+    select({1});
+    ASSERT_EQ(shell.status, "Line 2/3");
+    list().selectAll();
+    key(list(), Qt::Key_Delete);
+    EXPECT_EQ(shell.status, "");
+    form->mnuEditUndo_Click();
+    EXPECT_EQ(list().listIndex(), -1);
+    EXPECT_EQ(shell.status, "");
+    select({2});
+    EXPECT_EQ(shell.status, "Line 3/3");
+}
+
+/// What a load has left in the status line is not a row's.
+TEST_F(DocumentRows, AChangeWithoutACurrentRowLeavesTheStatusLineAlone)
+{
+    open({"a", "b"});
+    shell.setStatusText("Line100");
+    form->ItemAddFile("C:\\x", {}, "R");
+    EXPECT_EQ(shell.status, "Line100");
+}
+
 TEST_F(DocumentRows, ACurrentRowThatIsNotSelectedIsNotRemoved)
 {
     open({"a"});
