@@ -159,9 +159,11 @@ void BrowseLDAP::SetItem(const QString &object)
     m_userName->setText(url->userName);
     if (!url->password.isEmpty()) {
         const std::optional<QString> password = m_scrambler.unscramble(url->password);
-        if (!password)
+        if (!password) {
             m_messages.show(
                 QStringLiteral("Problem unscrambling password. Zentil may not have been properly installed. "));
+            m_unread = {url->userName, url->password};
+        }
         m_password->setText(password.value_or(QString()));
     }
     if (!url->distinguishedName.isEmpty())
@@ -383,17 +385,24 @@ void BrowseLDAP::useAccount()
     m_access.setServer(m_host->text(), m_userName->text(), m_password->text());
 }
 
+QString BrowseLDAP::scrambledPassword()
+{
+    const QString userName = m_userName->text();
+    if (!m_password->isModified() && userName == m_unread.userName)
+        return m_unread.password;
+    if (userName.isEmpty() || m_password->text().isEmpty())
+        return {};
+    const std::optional<QString> scrambled = m_scrambler.scramble(m_password->text());
+    if (!scrambled)
+        m_messages.show(QStringLiteral("Problem scrambling password. Zentil may not have been properly installed. "));
+    return scrambled.value_or(QString());
+}
+
 void BrowseLDAP::takeResult()
 {
     LdapChoice choice;
     choice.userName = m_userName->text();
-    if (!choice.userName.isEmpty() && !m_password->text().isEmpty()) {
-        const std::optional<QString> scrambled = m_scrambler.scramble(m_password->text());
-        if (!scrambled)
-            m_messages.show(
-                QStringLiteral("Problem scrambling password. Zentil may not have been properly installed. "));
-        choice.password = scrambled.value_or(QString());
-    }
+    choice.password = scrambledPassword();
     choice.path = m_object->text();
     if (m_selected->isChecked()) {
         choice.attributes = QStringList();

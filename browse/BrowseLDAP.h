@@ -67,13 +67,23 @@ private:
     void showEntry(const QTreeWidgetItem &node);
     void useAccount();
 
+    [[nodiscard]] QString scrambledPassword();
     void takeResult();
+
+    /// A stored password that could not be unscrambled, and whose it is. It is written again as it stood, unless the
+    /// user gives another.
+    struct UnreadPassword
+    {
+        QString userName;
+        QString password;
+    };
 
     PasswordScrambler &m_scrambler;
     Messages &m_messages;
     DirectoryAccess m_access;
     /// The entry to begin with.
     std::optional<QString> m_start;
+    UnreadPassword m_unread;
     QString m_url;
     bool m_isWaiting = false;
     bool m_isCancelled = false;

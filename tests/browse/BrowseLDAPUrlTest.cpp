@@ -176,14 +176,49 @@ TEST_F(BrowseLDAPTest, AFailedScramblingIsToldAndLeavesThePasswordOut)
     EXPECT_EQ(confirmed(), "LDAP://cn=admin@localhost/o=Second??sub?(objectclass=*)");
 }
 
-TEST_F(BrowseLDAPTest, AFailedUnscramblingIsToldAndLeavesTheFieldEmpty)
+/// An item whose password cannot be read.
+class UnreadPassword : public BrowseLDAPTest
 {
-    scrambler.isMissing = true;
-    directory.password.clear();
-    messages.expectShow("Problem unscrambling password. Zentil may not have been properly installed. ");
-    open("LDAP://cn=admin:<terces>@localhost/o=Second");
+protected:
+    void SetUp() override
+    {
+        scrambler.isMissing = true;
+        directory.password.clear();
+        messages.expectShow("Problem unscrambling password. Zentil may not have been properly installed. ");
+        open("LDAP://cn=admin:<terces>@localhost/o=Second");
+    }
+};
+
+TEST_F(UnreadPassword, IsToldAndLeavesTheFieldEmpty)
+{
     EXPECT_EQ(textOf("Password"), "");
     EXPECT_EQ(textOf("UserName"), "cn=admin");
+}
+
+TEST_F(UnreadPassword, IsWrittenAgainAsItStood)
+{
+    EXPECT_EQ(confirmed(), "LDAP://cn=admin:<terces>@localhost/o=Second??sub?(objectclass=*)");
+}
+
+TEST_F(UnreadPassword, GivesWayToOneThatIsTyped)
+{
+    scrambler.isMissing = false;
+    QTest::keyClicks(control<QLineEdit>(*picker, "Password"), "new");
+    EXPECT_EQ(confirmed(), "LDAP://cn=admin:<wen>@localhost/o=Second??sub?(objectclass=*)");
+}
+
+TEST_F(UnreadPassword, CanBeTakenAway)
+{
+    auto *field = control<QLineEdit>(*picker, "Password");
+    QTest::keyClicks(field, "x");
+    QTest::keyClick(field, Qt::Key_Backspace);
+    EXPECT_EQ(confirmed(), "LDAP://cn=admin@localhost/o=Second??sub?(objectclass=*)");
+}
+
+TEST_F(UnreadPassword, IsNotThatOfAnotherUser)
+{
+    enter("UserName", "cn=other");
+    EXPECT_EQ(confirmed(), "LDAP://cn=other@localhost/o=Second??sub?(objectclass=*)");
 }
 
 TEST_F(BrowseLDAPTest, AnAccountWithoutAPasswordNeedsNoLibrary)
