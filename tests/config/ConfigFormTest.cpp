@@ -87,7 +87,7 @@ INSTANTIATE_TEST_SUITE_P(Counts, LoadProgress,
                          testing::Values(ProgressCase{0, {}}, ProgressCase{99, {}}, ProgressCase{100, {"Line100"}},
                                          ProgressCase{199, {"Line100"}},
                                          ProgressCase{300, {"Line100", "Line200", "Line300"}}),
-                         [](const auto &tested) { return std::to_string(tested.param.lines); });
+                         [](const auto &tested) { return "Lines" + std::to_string(tested.param.lines); });
 
 TEST_F(Document, ALoadOfTheMostRowsCountsUpToTheLastHundred)
 {
