@@ -13,14 +13,38 @@ constexpr qsizetype wholeLength = 4096;
 
 constexpr char16_t controlPictures = 0x2400;
 constexpr char16_t deletePicture = 0x2421;
+constexpr char16_t whiteSquare = 0x25A1;
+constexpr char16_t zeroWidthNonJoiner = 0x200C;
+constexpr char16_t zeroWidthJoiner = 0x200D;
 
 bool isControl(QChar c)
 {
     return c.unicode() < 32 || c.unicode() == 127;
 }
 
-QChar paintedControl(QChar c)
+/// Whether nothing is seen of a character beyond ASCII, but perhaps of what it does with others: their order, or a new
+/// line. Those that join letters are a part of how words are written.
+bool isHidden(QChar c)
 {
+    if (c.unicode() < 128 || c == QChar(zeroWidthNonJoiner) || c == QChar(zeroWidthJoiner))
+        return false;
+    switch (c.category()) {
+    case QChar::Other_Control:
+    case QChar::Other_Format:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return true;
+    default:
+        return false;
+    }
+}
+
+QChar paintedCharacter(QChar c)
+{
+    if (isHidden(c))
+        return QChar(whiteSquare);
+    if (!isControl(c))
+        return c;
     if (c == u'\t')
         return u' ';
     return c.unicode() == 127 ? QChar(deletePicture) : QChar(static_cast<char16_t>(controlPictures + c.unicode()));
@@ -74,11 +98,10 @@ RowMetrics::Part RowMetrics::visiblePart(const QString &text, qreal left, qreal 
 
 QString RowMetrics::painted(const QString &text)
 {
-    if (std::none_of(text.begin(), text.end(), isControl))
+    if (std::none_of(text.begin(), text.end(), [](QChar c) { return isControl(c) || isHidden(c); }))
         return text;
-    QString result = text;
-    for (QChar &c : result)
-        c = isControl(c) ? paintedControl(c) : c;
+    QString result(text.size(), Qt::Uninitialized);
+    std::transform(text.cbegin(), text.cend(), result.begin(), paintedCharacter);
     return result;
 }
 

@@ -33,7 +33,8 @@ public:
     [[nodiscard]] qreal height() const { return m_metrics.height(); }
     [[nodiscard]] qreal ascent() const { return m_metrics.ascent(); }
 
-    /// Text as it is painted: a control character as its picture (U+2400 and following), a tab as a space.
+    /// Text as it is painted: a control character as its picture (U+2400 and following), a tab as a space, and another
+    /// character of which nothing would be seen, as a byte order mark, as a white square (U+25A1).
     [[nodiscard]] static QString painted(const QString &text);
 
 private:

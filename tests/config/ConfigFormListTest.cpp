@@ -151,6 +151,16 @@ TEST_F(Painting, ControlCharactersAreSeen)
     EXPECT_EQ(form->rowList().rows().first(), QString::fromLatin1("a\0b\x1B\x7F\tc", 7));
 }
 
+TEST_F(Painting, AByteOrderMarkIsSeenAndWrittenBack)
+{
+    load("\xEF\xBB\xBF"
+         "C:\\x R\r\n");
+    EXPECT_EQ(paintedText(0), QStringLiteral("□C:\\x R"));
+    form->Form_Save_Data();
+    EXPECT_EQ(files.content[documentPath], "\xEF\xBB\xBF"
+                                           "C:\\x R\r\n");
+}
+
 TEST_F(Painting, BytesThatAreNotUtf8AreShownAsTheirWindowsCharacters)
 {
     load("price \x80 \xE4 \x93quoted\x94\r\n");

@@ -193,9 +193,18 @@ TEST(PaintedText, ATabIsASpace)
     EXPECT_EQ(RowMetrics::painted("a\tb"), "a b");
 }
 
+// A byte order mark, a soft hyphen, a space without width, marks of the order of letters, new lines, and a control
+// character that a byte may stand for.
+TEST(PaintedText, WhatWouldNotBeSeenIsASquare)
+{
+    for (const char16_t code : {u'\xFEFF', u'\xAD', u'\x200B', u'\x202E', u'\x2066', u'\x2028', u'\x2029', u'\x81'})
+        EXPECT_EQ(RowMetrics::painted(u'a' + QString(QChar(code)) + u'b'), QStringLiteral("a□b")) << int(code);
+}
+
+// The joiners are needed to write words of some scripts.
 TEST(PaintedText, EverythingElseStays)
 {
-    const QString text = QStringLiteral("C:\\a b\\ö 日 😀");
+    const QString text = QStringLiteral("C:\\a b\\ö 日 😀 \u0646\u200C\u0647 \u0D28\u0D4D\u200D");
     EXPECT_EQ(RowMetrics::painted(text), text);
 }
 
