@@ -2,14 +2,11 @@
 
 #include "platform/RuntimeError.h"
 #include "tests/app/ProgramFixture.h"
-#include "tests/support/Printers.h"
 
 #include <QDialog>
 #include <QTest>
 
 namespace {
-
-const QString question = QStringLiteral("The configuration has changed. Save changes before closing?");
 
 /// Somebody other than the user asks the program to end: a signal, or the end of the session.
 class EndRequest : public Program
@@ -19,11 +16,6 @@ protected:
     {
         fakeFiles.content["/a.zcf"] = "a\n";
         fakeFiles.content["/b.zcf"] = "b\n";
-    }
-
-    void expectQuestion(Messages::Answer answer)
-    {
-        messages.expectAsk(question, Messages::Buttons::YesNoCancel, answer);
     }
 
     void startChanged()

@@ -194,8 +194,7 @@ TEST_F(Errors, OfACommandDoNotPassThroughTheToolkit)
     messages.verify();
     ASSERT_TRUE(QFile::remove(good));
     ASSERT_TRUE(QDir(folder.path()).mkdir("good.zcf"));
-    messages.expectAsk("The configuration has changed. Save changes before closing?", Messages::Buttons::YesNoCancel,
-                       Messages::Answer::Yes);
+    expectQuestion(Messages::Answer::Yes);
     messages.expectShow("Run-time error '75':\n\nPath/File access error\n\n" + good, critical);
     EXPECT_FALSE(endsAfterClosing());
     messages.verify();

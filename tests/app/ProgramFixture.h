@@ -62,6 +62,13 @@ protected:
         settle();
     }
 
+    /// A changed document is about to be closed.
+    void expectQuestion(Messages::Answer answer)
+    {
+        messages.expectAsk("The configuration has changed. Save changes before closing?",
+                           Messages::Buttons::YesNoCancel, answer);
+    }
+
     /// Runs the program's loop, lets steps happen in it, and returns whether the program has ended then.
     [[nodiscard]] bool endsAfter(const std::function<void()> &steps)
     {

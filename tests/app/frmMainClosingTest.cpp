@@ -8,8 +8,6 @@
 
 namespace {
 
-const QString question = QStringLiteral("The configuration has changed. Save changes before closing?");
-
 class ClosingTheProgram : public Program
 {
 protected:
@@ -18,11 +16,6 @@ protected:
         fakeFiles.content["/a.zcf"] = "a\n";
         fakeFiles.content["/b.zcf"] = "b\n";
         fakeFiles.content["/c.zcf"] = "c\n";
-    }
-
-    void expectQuestion(Messages::Answer answer)
-    {
-        messages.expectAsk(question, Messages::Buttons::YesNoCancel, answer);
     }
 
     void startChanged(std::initializer_list<size_t> changed)

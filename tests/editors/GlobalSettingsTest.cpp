@@ -3,6 +3,7 @@
 #include "config/RowList.h"
 #include "platform/RuntimeError.h"
 #include "tests/support/Random.h"
+#include "tests/support/SettingOrder.h"
 
 #include <gtest/gtest.h>
 
@@ -169,22 +170,6 @@ TEST_F(WrittenSettings, AFullDocumentStaysAsItIs)
 /// The same as plainly as it can be said: a map of keys, and lists that are searched.
 QStringList plainlyWritten(QStringList rows, const std::map<QString, QString> &values)
 {
-    const QStringList order{"DETECTIONDB",
-                            "BEHAVIORDB",
-                            "BEHDBTYPE",
-                            "OUTPUTFILE",
-                            "SYSLOG",
-                            "EVENTLOG",
-                            "SYSLOGFACILITY",
-                            "SYSLOGSEVERITY",
-                            "AUTO_COUNTDOWN_TIMER",
-                            "MAKECONF_SENSITIVITY",
-                            "PRIORITY",
-                            "MAILSERVER",
-                            "MAILTO",
-                            "MAILFROM",
-                            "MAILSUBJECT",
-                            "MAILTEMPFILE"};
     const auto lastOf = [](const QStringList &lines, const QString &name) {
         for (qsizetype row = lines.size() - 1; row >= 0; --row) {
             const QStringList words = lines[row].split(' ', Qt::SkipEmptyParts);
@@ -195,7 +180,7 @@ QStringList plainlyWritten(QStringList rows, const std::map<QString, QString> &v
     };
     const QStringList before = rows;
     QList<qsizetype> removed;
-    for (const QString &name : order) {
+    for (const QString &name : plain::settingOrder) {
         const QString value = values.contains(name) ? values.at(name) : QString();
         const qsizetype row = lastOf(before, name);
         if (value.isEmpty() && row >= 0)

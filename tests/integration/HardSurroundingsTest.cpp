@@ -2,7 +2,6 @@
 #include "platform/RuntimeError.h"
 #include "tests/app/ProgramFixture.h"
 #include "tests/platform/ChildProcess.h"
-#include "tests/support/Printers.h"
 
 #include <QAction>
 #include <QDir>
@@ -155,8 +154,7 @@ TEST_F(FullDisk, WhileClosingKeepsTheDocumentOpen)
 {
     onSmallDisk([this] {
         doubleRows();
-        messages.expectAsk("The configuration has changed. Save changes before closing?",
-                           Messages::Buttons::YesNoCancel, Messages::Answer::Yes);
+        expectQuestion(Messages::Answer::Yes);
         expectDiskFull(path);
         EXPECT_FALSE(endsAfterClosing());
         expectUnsaved(2 * rowCount);

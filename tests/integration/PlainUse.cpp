@@ -1,6 +1,7 @@
 #include "tests/integration/PlainUse.h"
 
 #include "tests/config/PlainGrammar.h"
+#include "tests/support/SettingOrder.h"
 
 #include <QRegularExpression>
 #include <QStringDecoder>
@@ -14,23 +15,6 @@ namespace {
 
 /// Stands for the byte 0xFF.
 constexpr QChar carrier(0xDCFF);
-
-const QStringList writeOrder{"DETECTIONDB",
-                             "BEHAVIORDB",
-                             "BEHDBTYPE",
-                             "OUTPUTFILE",
-                             "SYSLOG",
-                             "EVENTLOG",
-                             "SYSLOGFACILITY",
-                             "SYSLOGSEVERITY",
-                             "AUTO_COUNTDOWN_TIMER",
-                             "MAKECONF_SENSITIVITY",
-                             "PRIORITY",
-                             "MAILSERVER",
-                             "MAILTO",
-                             "MAILFROM",
-                             "MAILSUBJECT",
-                             "MAILTEMPFILE"};
 
 QString inQuotes(const QString &value)
 {
@@ -157,7 +141,7 @@ void UsedDocument::applySettings(const QMap<QString, SettingShown> &shown, const
     Step replaced;
     QStringList added;
     QList<int> removed;
-    for (const QString &key : writeOrder) {
+    for (const QString &key : settingOrder) {
         int row = -1;
         SettingShown setting;
         for (int i = 0; i < texts.size(); ++i) {

@@ -1,7 +1,6 @@
 #include "platform/ByteText.h"
 #include "tests/platform/ChildProcess.h"
 #include "tests/platform/FileWorld.h"
-#include "tests/support/Printers.h"
 
 #include <fcntl.h>
 #include <sys/file.h>

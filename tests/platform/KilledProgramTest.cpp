@@ -4,7 +4,6 @@
 #include "tests/platform/ChildProcess.h"
 #include "tests/platform/FileWorld.h"
 #include "tests/platform/RegistryUser.h"
-#include "tests/support/Printers.h"
 #include "tests/support/Random.h"
 
 #include <poll.h>
